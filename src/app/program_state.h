@@ -1,0 +1,27 @@
+#pragma once
+
+#include "app/program_files.h"
+#include "net/http_transfers.h"
+#include "profiles/weather_profile.h"
+#include "store/min_max_store.h"
+
+/// Everything that lives for the whole run and that the subsystems share.
+///
+/// There is one, made in main(); a test makes its own. It has no behaviour and no locks: only the
+/// user-interface thread touches it. Only app/ knows this struct: it hands each subsystem the
+/// member that is that subsystem's own.
+struct ProgramState
+{
+    bool IsFirstRun = false;
+    bool MinimizeOnStartupEnabled = false;
+    ProgramFiles files = {}; ///< Holds `SessionId`, part of every session file's name.
+
+    ProfileTable profiles = {}; ///< Ten weather profiles, currentWeatherProfile, the forecast's.
+    MinMaxTemps minMax = {};
+
+    qint16 ForecastRequestCountdown = 0; ///< Milliseconds to the forecast request; 0: none.
+
+    TransferHandle WeatherThreadHandle = 0;
+    TransferHandle ForecastThreadHandle = 0;
+    TransferHandle ZoneCodeThreadHandle = 0;
+};

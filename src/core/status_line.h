@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// Where a routine reports what it is doing, in words for the user. The main window shows it in
+/// `lblStatus`.
+class StatusLine
+{
+public:
+    StatusLine() = default;
+    virtual ~StatusLine() = default;
+    Q_DISABLE_COPY_MOVE(StatusLine)
+
+    virtual void SetStatus(const QString &text) = 0;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The forecast service: who is credited, and the last forecast.
+struct ForecastProfile
+{
+    double timeStamp = 0; ///< Days since 30 December 1899; never used.
+    QString baseURL = {};
+    QString description = {};
+    QString title = {};
+    QString copyright = {};
+    QString copyrightURL = {};
+    QString forecastText = {};
+};

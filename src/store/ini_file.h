@@ -1,0 +1,47 @@
+#pragma once
+
+#include "store/private_profile.h"
+
+#include <QString>
+#include <QStringView>
+
+/// Where an INI file lies and how its bytes are read.
+struct IniPath
+{
+    QString path = {}; ///< Full path; folders are never created.
+    CodePage codePage = CodePage::Utf8;
+};
+
+/// One INI file between being read and being stored again: the values that one routine reads and
+/// writes. Nothing reaches the disk before Commit(), and then all of it at once, so that no other
+/// program ever reads a half-written file.
+class IniFile
+{
+public:
+    /// Reads the file. One that is missing, a folder or unreadable counts as empty.
+    explicit IniFile(IniPath path);
+
+    [[nodiscard]] const PrivateProfile &Profile() const { return m_profile; }
+    [[nodiscard]] PrivateProfile &Profile() { return m_profile; }
+
+    /// Replaces the file on the disk by what it holds now: temporary file, flush, rename. Mode and
+    /// owner of an existing file survive.
+    /// @return false when that failed; the old file is then whole and untouched.
+    bool Commit() const;
+
+private:
+    IniPath m_path;
+    PrivateProfile m_profile;
+};
+
+/// The value of `key`, trimmed of spaces, with the tokens [SP] [CR] [LF] [TAB] turned into the
+/// characters they stand for.
+/// @return `fallback`, treated the same way, when the file has no such key.
+[[nodiscard]] QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
+                                   QStringView fallback = {});
+
+/// Sets the value of `key` in the image; IniFile::Commit() stores it. With `encode`, spaces, tabs,
+/// line feeds and carriage returns become tokens, so that any text stays one line; without, the
+/// value loses its outer spaces.
+void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
+                   bool encode);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "store/ini_file.h"
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+/// What one session keeps between runs.
+struct Settings
+{
+    bool IsFirstRun = false; ///< Loaded only; SaveSettings() does not look at it.
+    bool MinimizeOnStartupEnabled = true;
+    std::array<std::array<QString, 4>, 10> location =
+        {}; ///< [profile][0..3]: location1..location4.
+    qint16 currentWeatherProfile = 0;
+    QString ForecastZone = {};
+    QString ForecastState = {};
+    std::array<bool, 4> ForecastSched = {true, true, true, true}; ///< 12 AM, 6 AM, 12 PM, 6 PM.
+    QString HTTPPort = {};
+};
+
+/// The settings as loaded, and what was wrong with them.
+struct LoadedSettings
+{
+    Settings settings = {};
+    /// The text of CurrentProfile when it is no number; the program cannot start with it.
+    std::optional<QString> badCurrentProfile = {};
+};
+
+/// Reads the session's settings. The first run of a session writes FirstRun=False at once; nothing
+/// else is written. A number that no profile index can be (beyond 16 bits) is loaded as 0.
+[[nodiscard]] LoadedSettings LoadSettings(const IniPath &file);
+
+/// Writes all settings but FirstRun in one go.
+void SaveSettings(const IniPath &file, const Settings &settings);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/status_line.h"
+#include "net/http_transfers.h"
+#include "profiles/weather_profile.h"
+
+#include <QString>
+#include <QStringView>
+
+/// What "%PORT%" in an address template stands for: nothing for exactly "80", else ":" and the
+/// text.
+[[nodiscard]] QString PortSuffix(const QString &port);
+
+/// Starts the transfer of the current weather of `profile` in the background; a transfer that still
+/// runs is given up. Reports on `status` what it does.
+///
+/// @param WeatherThreadHandle the transfer so far, 0 for none; becomes the new one.
+/// @return true when the transfer was started. False without any change or message when the
+///         profile (null: none is selected) has no address.
+[[nodiscard]] bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
+                                         TransferHandle &WeatherThreadHandle, HttpTransfers &http,
+                                         StatusLine &status);
