@@ -1,0 +1,200 @@
+#include "weather/node_value.h"
+
+#include "core/number.h"
+#include "core/text.h"
+#include "core/trace.h"
+#include "weather/date_time_text.h"
+#include "weather/format_string.h"
+#include "weather/number_picture.h"
+#include "weather/utc_to_local.h"
+
+#include <cmath>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Turns a closing tag that stands for a line end into that line end. Only whole tags do.
+void ResolveLineEnd(QString &closeTag)
+{
+    if (closeTag.isEmpty() || closeTag == "%CRLF%"_L1)
+        closeTag = u"\r\n"_s;
+    else if (closeTag == "%CR%"_L1)
+        closeTag = u"\r"_s;
+    else if (closeTag == "%LF%"_L1)
+        closeTag = u"\n"_s;
+}
+
+/// Everything behind the opening tag. Its position is not checked: not found counts as position 0
+/// on paper, which leaves the data less the tag's length but one. When the tag is longer than that,
+/// the cut cannot be made and nothing is there.
+QStringView AfterOpening(QStringView data, QStringView openTag)
+{
+    const qsizetype open = data.indexOf(openTag);
+    Trace(u"nodeOpenPos=", open + 1, u" nodeOpenLen=", openTag.size());
+    const qsizetype behind = open + openTag.size();
+    const QStringView text = behind <= data.size() ? TrimSpaces(data.sliced(behind)) : QStringView();
+    Trace(u"text is now ", text);
+    return text;
+}
+
+/// What follows the prefix, or the whole text where it does not occur.
+QStringView AfterPrefix(QStringView text, QStringView prefix)
+{
+    Trace(u"nodePrefixLen=", prefix.size());
+    if (prefix.isEmpty())
+        return text;
+
+    Trace(u"nodePrefixLen length is > 0 so I will search for the specified prefix in the text");
+    const qsizetype at = text.indexOf(prefix);
+    Trace(u"nodePrefixPos=", at + 1);
+    if (at < 0) {
+        Trace(u"nodePrefixPos is = 0 so I must not have found the prefix in the string");
+        return text;
+    }
+    Trace(u"nodePrefixPos is > 0 so I must have found the prefix in the string");
+    const QStringView rest = TrimSpaces(text.sliced(at + prefix.size()));
+    Trace(u"...so now the text is ", rest);
+    return rest;
+}
+
+/// Drops everything up to the last suffix's first character, and the one behind that. A suffix at
+/// the very end leaves nothing to drop: the cut cannot be made.
+QStringView AfterSuffix(QStringView text, QStringView suffix)
+{
+    const qsizetype last = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix);
+    if (last < 0)
+        return text;
+    const QStringView rest = last + 2 <= text.size() ? text.sliced(last + 2) : text;
+    Trace(u"...found nodeSuffixPos, so string is now ", rest);
+    return rest;
+}
+
+/// `left` `operation` `right` as text; nothing when one of them or the result is beyond a double.
+std::optional<QString> Calculated(QStringView left, QChar operation, QStringView right)
+{
+    const std::optional<double> a = LeadingNumber(left);
+    const std::optional<double> b = LeadingNumber(right);
+    if (!a || !b)
+        return std::nullopt;
+    const double result = operation == u'+' ? *a + *b : *a * *b;
+    if (!std::isfinite(result))
+        return std::nullopt;
+    return NumberToText(result);
+}
+
+std::optional<QString> Pictured(QStringView value, QStringView picture)
+{
+    const std::optional<double> number = LeadingNumber(value);
+    if (!number)
+        return std::nullopt;
+    return FormatNumber(*number, picture);
+}
+
+std::optional<QString> InLocalTime(QStringView value, const QDateTime &now)
+{
+    const std::optional<Moment> moment = ParseDateTime(value, now.date().year());
+    if (!moment)
+        return std::nullopt;
+    return DateTimeText(ConvertUtcToLocal(*moment, now.offsetFromUtc()));
+}
+
+/// One item of a factor. An unknown operation, and one that cannot be done, changes nothing.
+QString ApplyOperation(QString value, QStringView item, const QDateTime &now)
+{
+    const QChar operation = item.front();
+    const QStringView operand = item.sliced(1);
+    std::optional<QString> result;
+    if (operation == u'+' || operation == u'*')
+        result = Calculated(value, operation, operand);
+    else if (operation == u'D')
+        result = InLocalTime(value, now);
+    else if (operation == u'F')
+        result = FormatString(value, operand);
+    else if (operation == u'N')
+        result = Pictured(value, operand);
+    return result ? *result : value;
+}
+
+QString ApplyFactor(QString value, const NodeQuery &query)
+{
+    if (query.factor == u"0")
+        return value;
+    for (const QStringView item : query.factor.tokenize(u',', Qt::SkipEmptyParts))
+        value = ApplyOperation(std::move(value), item, query.now);
+    return value;
+}
+
+/// The text between the tags, cut at the suffix; or all of `text` when the closing tag is missing.
+struct Extract
+{
+    QStringView text = {};
+    bool closed = false;
+};
+
+Extract UpToClosing(QStringView text, const NodeQuery &query)
+{
+    const qsizetype close = text.indexOf(query.closeTag);
+    Trace(u"nodeClosePos=", close + 1);
+    if (close < 0) {
+        // The line says otherwise, but what follows the opening tag stays as it is.
+        Trace(u"...since nodeClosePos = 0, so I must not have found the close so the string is "
+              u"empty");
+        return {text, false};
+    }
+    Trace(u"...since nodeClosePos > 0 I must have found the close");
+    const QStringView inside = TrimSpaces(text.first(close));
+    Trace(u"...so now the string is ", inside);
+    return {AfterSuffix(inside, query.suffix), true};
+}
+
+} // namespace
+
+QString GetNodeValue(QString &data, const NodeQuery &query)
+{
+    if (query.units == u"?")
+        return kNotAvailableFromService.toString();
+    if (query.openTag.isEmpty())
+        return kNotAvailable.toString();
+
+    ResolveLineEnd(query.closeTag);
+    data.replace(u'\t', u' ');
+    Trace(u"Looking for O:", query.openTag, u" P:", query.prefix, u" C:", query.closeTag, u" in ",
+          data);
+
+    // Views onto `data`: nothing is copied up to the one toString() below.
+    const QStringView behindTag = AfterPrefix(AfterOpening(data, query.openTag), query.prefix);
+    const Extract extract = UpToClosing(behindTag, query);
+
+    QString value = extract.text.toString();
+    if (extract.closed)
+        value = ApplyFactor(std::move(value), query);
+    if (!query.format.isEmpty())
+        value = Pictured(value, query.format).value_or(value);
+    if (value.isEmpty())
+        return kNotAvailable.toString();
+    return value.append(query.units);
+}
+
+NodePlace FindNode(QStringView data, const NodeQuery &query)
+{
+    NodePlace place;
+    if (query.openTag.isEmpty())
+        return place;
+    place.open = data.indexOf(query.openTag);
+    if (place.open < 0)
+        return place;
+
+    ResolveLineEnd(query.closeTag);
+    const QStringView behindTag = TrimSpaces(data.sliced(place.open + query.openTag.size()));
+    const qsizetype prefix = query.prefix.isEmpty() ? -1 : behindTag.indexOf(query.prefix);
+    const QStringView text
+        = prefix < 0 ? behindTag : TrimSpaces(behindTag.sliced(prefix + query.prefix.size()));
+    const qsizetype close = text.indexOf(query.closeTag);
+    if (close < 0)
+        return place;
+    place.close = text.data() - data.data() + close;
+    place.text = TrimSpaces(text.first(close));
+    return place;
+}

@@ -1,0 +1,53 @@
+#include "weather/weather_request.h"
+
+#include "core/trace.h"
+#include "net/url_encode.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The template with its tokens filled, one after the other: a later token inside a location is
+/// filled too. Only the first location is encoded; the others go in as they are.
+QString FillTemplate(const WeatherProfile &profile, const QString &portSuffix)
+{
+    QString address = profile.baseURL;
+    address.replace("%PORT%"_L1, portSuffix);
+    address.replace("%LOC1%"_L1, UrlEncode(profile.location[0]));
+    address.replace("%LOC2%"_L1, profile.location[1]);
+    address.replace("%LOC3%"_L1, profile.location[2]);
+    address.replace("%LOC4%"_L1, profile.location[3]);
+    return address;
+}
+
+} // namespace
+
+QString PortSuffix(const QString &port)
+{
+    return port == "80"_L1 ? QString() : u':' + port;
+}
+
+bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
+                           TransferHandle &WeatherThreadHandle, HttpTransfers &http,
+                           StatusLine &status)
+{
+    if (profile == nullptr || profile->baseURL.isEmpty())
+        return false;
+
+    if (WeatherThreadHandle != 0)
+        http.Net_HTTPThreadClose(std::exchange(WeatherThreadHandle, 0));
+    WeatherThreadHandle = http.Net_HTTPThreadOpen(port);
+    if (WeatherThreadHandle == 0) {
+        const QString where = " on port "_L1 + port + " for current weather"_L1;
+        Trace(u"Unable to open HTTP handle", where);
+        status.SetStatus("Unable to open request"_L1 + where); // worded differently on purpose
+        return false;
+    }
+
+    const QString address = FillTemplate(*profile, PortSuffix(port));
+    Trace(u"Request URL: ", address);
+    status.SetStatus("Requesting Weather Data From URL: "_L1 + address);
+    return http.Net_HTTPThreadGet(WeatherThreadHandle, address);
+}
