@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QDate kFirstDay(1899, 12, 30);
+constexpr qint64 kFirstJulianDay = 2415019; // 30 December 1899
 constexpr qint64 kSecondsPerDay = 86400;
 constexpr int kFirstYearOf1900s = 50; // two-digit years from here on are 19xx
 
@@ -54,7 +54,8 @@ bool IsLetter(QChar c)
 /// Numbers have at most four digits; a longer one makes the text no date-time.
 constexpr qsizetype kMaxDigits = 4;
 
-template <typename Predicate> qsizetype RunLength(QStringView text, Predicate belongs)
+template <typename Predicate>
+qsizetype RunLength(QStringView text, Predicate belongs)
 {
     return std::find_if_not(text.begin(), text.end(), belongs) - text.begin();
 }
@@ -177,7 +178,6 @@ std::optional<int> Reader::ReadTime()
     return (*hour * 60 + minute) * 60 + second;
 }
 
-
 /// The year as written with one, two or four digits; 0, which no calendar has, for three.
 int FullYear(const Token &year)
 {
@@ -255,7 +255,7 @@ QString TimeText(qint64 secondOfDay)
     const qint64 hour = secondOfDay / 3600;
     const auto twoDigits = [](qint64 n) { return QString::number(n).rightJustified(2, u'0'); };
     return QString::number((hour + 11) % 12 + 1) + u':' + twoDigits(secondOfDay / 60 % 60) + u':'
-        + twoDigits(secondOfDay % 60) + (hour < 12 ? " AM"_L1 : " PM"_L1);
+         + twoDigits(secondOfDay % 60) + (hour < 12 ? " AM"_L1 : " PM"_L1);
 }
 
 } // namespace
@@ -280,7 +280,7 @@ std::optional<Moment> ParseDateTime(QStringView text, int currentYear)
         return std::nullopt;
     if (!reader.AtEnd())
         return std::nullopt;
-    return Moment{kFirstDay.daysTo(*date) * kSecondsPerDay + time.value_or(0)};
+    return Moment{(date->toJulianDay() - kFirstJulianDay) * kSecondsPerDay + time.value_or(0)};
 }
 
 QString DateTimeText(Moment moment)
@@ -292,14 +292,15 @@ QString DateTimeText(Moment moment)
     if (day == 0)
         return TimeText(second);
 
-    const QDate date = kFirstDay.addDays(day);
+    const QDate date = QDate::fromJulianDay(kFirstJulianDay + day);
     const QString text = QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/'
-        + QString::number(date.year());
+                       + QString::number(date.year());
     return second == 0 ? text : text + u' ' + TimeText(second);
 }
 
 Moment ToMoment(const QDateTime &dateTime)
 {
     const qint64 milliseconds = dateTime.time().msecsSinceStartOfDay();
-    return Moment{kFirstDay.daysTo(dateTime.date()) * kSecondsPerDay + (milliseconds + 500) / 1000};
+    const qint64 day = dateTime.date().toJulianDay() - kFirstJulianDay;
+    return Moment{day * kSecondsPerDay + (milliseconds + 500) / 1000};
 }

@@ -18,8 +18,8 @@ constexpr double kWindExponent = 0.16;
 double HeatIndexRegression(double t, double rh)
 {
     return -42.379 + 2.04901523 * t + 10.14333127 * rh - 0.22475541 * t * rh - 0.00683783 * t * t
-        - 0.05481717 * rh * rh + 0.00122874 * t * t * rh + 0.00085282 * t * rh * rh
-        - 0.00000199 * t * t * rh * rh;
+         - 0.05481717 * rh * rh + 0.00122874 * t * t * rh + 0.00085282 * t * rh * rh
+         - 0.00000199 * t * t * rh * rh;
 }
 
 } // namespace
@@ -52,7 +52,8 @@ double GetWindChillF(double temperature, double windSpeed)
     double result = kNotApplicable;
     if (temperature <= kMostWindChillTemperatureF) {
         const double wind = std::pow(windSpeed, kWindExponent);
-        const double chill = 35.74 + 0.6215 * temperature - 35.75 * wind + 0.4275 * temperature * wind;
+        const double chill =
+            35.74 + 0.6215 * temperature - 35.75 * wind + 0.4275 * temperature * wind;
         if (temperature < chill)
             Trace(u"GetWindChillF - temp was less than getwindchillf");
         else if (std::isfinite(chill)) // not of a negative wind speed
@@ -67,8 +68,7 @@ double GetWindChillC(double temperature, double windSpeed)
     if (!(temperature <= kMostWindChillTemperatureC))
         return kNotApplicable;
     const double wind = std::pow(windSpeed, kWindExponent);
-    const double chill
-        = 13.12 + 0.6215 * temperature - 11.37 * wind + 0.3965 * temperature * wind;
+    const double chill = 13.12 + 0.6215 * temperature - 11.37 * wind + 0.3965 * temperature * wind;
     return std::isfinite(chill) && temperature >= chill ? chill : kNotApplicable;
 }
 

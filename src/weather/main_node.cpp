@@ -5,9 +5,8 @@
 QString WorkingText(const QString &reply)
 {
     QString text(reply.size(), Qt::Uninitialized);
-    const auto end = std::copy_if(reply.cbegin(), reply.cend(), text.begin(), [](QChar c) {
-        return c != u'\r' && c != u'\n' && c != u'\t';
-    });
+    const auto end = std::copy_if(reply.cbegin(), reply.cend(), text.begin(),
+                                  [](QChar c) { return c != u'\r' && c != u'\n' && c != u'\t'; });
     text.truncate(end - text.begin());
     return text;
 }

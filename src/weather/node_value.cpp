@@ -34,7 +34,8 @@ QStringView AfterOpening(QStringView data, QStringView openTag)
     const qsizetype open = data.indexOf(openTag);
     Trace(u"nodeOpenPos=", open + 1, u" nodeOpenLen=", openTag.size());
     const qsizetype behind = open + openTag.size();
-    const QStringView text = behind <= data.size() ? TrimSpaces(data.sliced(behind)) : QStringView();
+    const QStringView text =
+        behind <= data.size() ? TrimSpaces(data.sliced(behind)) : QStringView();
     Trace(u"text is now ", text);
     return text;
 }
@@ -189,8 +190,8 @@ NodePlace FindNode(QStringView data, const NodeQuery &query)
     ResolveLineEnd(query.closeTag);
     const QStringView behindTag = TrimSpaces(data.sliced(place.open + query.openTag.size()));
     const qsizetype prefix = query.prefix.isEmpty() ? -1 : behindTag.indexOf(query.prefix);
-    const QStringView text
-        = prefix < 0 ? behindTag : TrimSpaces(behindTag.sliced(prefix + query.prefix.size()));
+    const QStringView text =
+        prefix < 0 ? behindTag : TrimSpaces(behindTag.sliced(prefix + query.prefix.size()));
     const qsizetype close = text.indexOf(query.closeTag);
     if (close < 0)
         return place;

@@ -32,7 +32,7 @@ struct Element
 struct Section
 {
     std::vector<Element> elements = {};
-    int integerPlaces = 0;     ///< "0" and "#" ahead of the point.
+    int integerPlaces = 0;      ///< "0" and "#" ahead of the point.
     int leastIntegerDigits = 0; ///< Places from the first "0" on.
     int decimalPlaces = 0;
     int leastDecimals = 0; ///< Places up to the last "0".
@@ -223,8 +223,7 @@ public:
         , m_integer(IntegerDigits(number).rightJustified(section.leastIntegerDigits, u'0'))
         , m_decimals(DecimalDigits(number).leftJustified(section.leastDecimals, u'0'))
         , m_exponent(exponent)
-    {
-    }
+    {}
 
     QString Compose()
     {

@@ -24,8 +24,8 @@ bool IsThere(WeatherProfile &profile, QStringView stem, QStringView working)
         return false; // a stem that no quantity has can never be satisfied
     const auto quantity = static_cast<Quantity>(found - kQuantityStems.begin());
     QuantityTags &tags = profile[quantity];
-    const NodePlace place = FindNode(
-        working, {.openTag = tags.Open, .closeTag = tags.Close, .prefix = tags.Prefix});
+    const NodePlace place =
+        FindNode(working, {.openTag = tags.Open, .closeTag = tags.Close, .prefix = tags.Prefix});
     return IsText(quantity) ? !place.text.isEmpty() : HoldsDigit(place.text);
 }
 

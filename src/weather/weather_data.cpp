@@ -80,10 +80,12 @@ class WeatherParser
 public:
     WeatherParser(WeatherProfile &profile, QString working, const QDateTime &now,
                   WeatherDataHost &host)
-        : m_profile(profile), m_values(profile.values), m_working(std::move(working)), m_now(now),
-          m_host(host)
-    {
-    }
+        : m_profile(profile)
+        , m_values(profile.values)
+        , m_working(std::move(working))
+        , m_now(now)
+        , m_host(host)
+    {}
 
     /// Fills all sixteen values; the order matters where one is computed from others.
     void ReadAll()
@@ -110,10 +112,14 @@ private:
     QString ReadAs(QuantityTags &tags, QStringView units, QStringView factor,
                    QStringView format = {})
     {
-        return GetNodeValue(m_working,
-                            {.openTag = tags.Open, .closeTag = tags.Close, .prefix = tags.Prefix,
-                             .suffix = tags.Suffix, .units = units, .factor = factor,
-                             .format = format, .now = m_now});
+        return GetNodeValue(m_working, {.openTag = tags.Open,
+                                        .closeTag = tags.Close,
+                                        .prefix = tags.Prefix,
+                                        .suffix = tags.Suffix,
+                                        .units = units,
+                                        .factor = factor,
+                                        .format = format,
+                                        .now = m_now});
     }
 
     void ReadTimeAndPlace();
@@ -147,7 +153,7 @@ void WeatherParser::ReadTemperature()
 {
     m_values.temperatureValue = Read(Quantity::Temperature, kOneDecimal);
     const bool stored = m_profile[Quantity::MinTemp].Units.contains("%MIN%"_L1)
-        || m_profile[Quantity::MaxTemp].Units.contains("%MAX%"_L1);
+                     || m_profile[Quantity::MaxTemp].Units.contains("%MAX%"_L1);
     if (m_values.temperatureValue == kNotAvailable || !stored)
         return;
     if (const std::optional<double> temp = LeadingNumber(m_values.temperatureValue))
@@ -205,8 +211,8 @@ void WeatherParser::TakeExtremes()
 /// The text from the first digit or point on; empty when there is none.
 QStringView FromFirstDigit(QStringView text)
 {
-    const auto first = std::ranges::find_if(
-        text, [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'.'; });
+    const auto first =
+        std::ranges::find_if(text, [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'.'; });
     return text.sliced(first - text.begin());
 }
 
@@ -218,12 +224,13 @@ void WeatherParser::ReadWindChill()
         return;
     }
     const QStringView speed = IsMissing(m_values.windSpeedDirValue)
-        ? QStringView()
-        : FromFirstDigit(m_values.windSpeedDirValue);
+                                ? QStringView()
+                                : FromFirstDigit(m_values.windSpeedDirValue);
     if (speed.isEmpty() || IsMissing(m_values.temperatureValue))
         m_values.windchillValue = kNotAvailable.toString();
     else
-        m_values.windchillValue = ComputedValue(units, kWindChill, m_values.temperatureValue, speed);
+        m_values.windchillValue =
+            ComputedValue(units, kWindChill, m_values.temperatureValue, speed);
 }
 
 void WeatherParser::ReadFromHumidity(QString &value, Quantity quantity,
@@ -235,14 +242,14 @@ void WeatherParser::ReadFromHumidity(QString &value, Quantity quantity,
     else if (IsMissing(m_values.temperatureValue) || IsMissing(m_values.humidityValue))
         value = kNotAvailable.toString();
     else
-        value = ComputedValue(units, computation, m_values.temperatureValue,
-                              m_values.humidityValue);
+        value =
+            ComputedValue(units, computation, m_values.temperatureValue, m_values.humidityValue);
 }
 
 /// Reports that a reply lacks one end of the main node.
 void ReportMissingNode(QStringView which, const QDateTime &now, StatusLine &status)
 {
-    const QString text = "Could not find "_L1 + which + " node tag in received data"_L1;
+    const QString text = "Could not find "_L1 + which.toString() + " node tag in received data"_L1;
     Trace(DateTimeText(ToMoment(now)), u" - ", text);
     status.SetStatus(text);
 }
