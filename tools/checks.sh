@@ -1,0 +1,60 @@
+# Sourced by .ci/run: the checks beside the tests. Each fails with its findings on the console.
+# shellcheck shell=bash
+
+# Every C++ file of the project, NUL-separated.
+SourceFiles() { git ls-files -z --cached --others --exclude-standard -- '*.cpp' '*.h'; }
+
+CheckFormat() { SourceFiles | xargs -0 clang-format-14 --dry-run -Werror; }
+
+# The words of .codespellignore are names that only look misspelt. The replies, INI files and
+# pictures of the tests are data.
+CheckSpelling() {
+  git ls-files -z --cached --others --exclude-standard -- ':!tests/data' ':!*.png' |
+    xargs -0 codespell --ignore-words=.codespellignore
+}
+
+# Only the project's own sources: the generated moc files trip two of the checks.
+CheckTidy() {
+  local root
+  root=$(pwd | sed 's/[][\.*^$+?(){}|]/\\&/g')
+  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools)/" </dev/null
+}
+
+# The package starts from wherever it is unpacked, stays up, and SIGTERM ends it in good order.
+CheckPackage() {
+  local package program result=0
+  folder=$(mktemp -d)
+  pid=
+  trap 'rm -rf "$folder"; [[ -z $pid ]] || kill -KILL "$pid" 2>/dev/null || true' EXIT
+  cpack --preset release
+  package=$(ls build/release/tavrin-weather-utility-*.tar.gz)
+  tar --extract --file "$package" --directory "$folder"
+  program=$(echo "$folder"/*/TavrinWeatherUtility)
+  [[ -f ${program%/*}/TavrinWeatherProfiles.ini ]] || Fail "the package holds no profiles"
+  mkdir "$folder/data"
+  TAVRIN_WEATHER_FOLDER=$folder/data "$program" </dev/null &
+  pid=$!
+  sleep 2
+  kill -0 "$pid" || Fail "the packaged program did not stay up for 2 s"
+  kill -TERM "$pid"
+  wait "$pid" || result=$?
+  pid=
+  ((result == 0)) || Fail "SIGTERM ended the packaged program with exit code $result"
+}
+
+# What the shipped program must be: position-independent, its tables read-only once it runs, its
+# stack guarded and not executable, its library calls checked.
+CheckHardening() {
+  local program=build/release/TavrinWeatherUtility
+  local header dynamic symbols
+  header=$(readelf --wide --file-header --program-headers "$program")
+  dynamic=$(readelf --wide --dynamic "$program")
+  symbols=$(readelf --wide --dyn-syms "$program")
+  Has() { grep --quiet --extended-regexp "$2" <<<"$3" || Fail "$program: $1"; }
+  Has "not position-independent" 'Type: +DYN' "$header"
+  Has "not position-independent" 'FLAGS_1.*\bPIE\b' "$dynamic"
+  Has "no read-only relocations" 'GNU_RELRO' "$header"
+  Has "binds its symbols late" '\bBIND_NOW\b|FLAGS_1.*\bNOW\b' "$dynamic"
+  Has "executable stack" 'GNU_STACK .* RW +0x' "$header"
+  Has "no stack protector" '__stack_chk_fail' "$symbols"
+}

@@ -1,0 +1,116 @@
+# Sourced by ./run, ./test and .ci/run: installs what is missing, configures and builds.
+# shellcheck shell=bash
+
+# What the program and its tools are built from and run with.
+kProgramPackages=(
+  g++ cmake ninja-build
+  qt6-base-dev
+  libcurl4-openssl-dev ca-certificates
+  libcpp-httplib-dev # the demo host
+)
+# What the tests need on top.
+kTestPackages=(libgtest-dev libssl-dev)
+# What the checks behind the tests need on top.
+kCheckPackages=(
+  libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 binutils codespell
+)
+
+Say() { printf '== %s\n' "$*"; }
+Fail() {
+  printf '%s: %s\n' "${0##*/}" "$*" >&2
+  exit 1
+}
+
+# Prints those of the given packages that are not installed.
+MissingPackages() {
+  local installed package
+  # dpkg-query fails when it does not know one of the names, and lists the others all the same.
+  installed=$(dpkg-query --show --showformat='${db:Status-Abbrev} ${Package}\n' "$@" 2>/dev/null || true)
+  for package in "$@"; do
+    grep --quiet --line-regexp --fixed-strings "ii  $package" <<<"$installed" || printf '%s\n' "$package"
+  done
+}
+
+# Runs a command as root.
+AsRoot() {
+  if [[ $EUID -eq 0 ]]; then
+    "$@"
+  elif [[ -t 0 ]]; then
+    sudo "$@" # may ask for the password
+  else
+    sudo --non-interactive "$@"
+  fi
+}
+
+# Without Debian's package lists nothing can be installed; the build goes on with what is there.
+NeedToolsOnly() {
+  local tool missing=()
+  for tool in c++ cmake ninja; do
+    command -v "$tool" >/dev/null || missing+=("$tool")
+  done
+  if ((${#missing[@]})); then
+    Fail "this is no Debian system, and these programs are missing: ${missing[*]}." \
+      "Install what these Debian packages hold: $*"
+  fi
+  Say "No Debian system: going on with what is installed. The Debian packages would be: $*"
+}
+
+# Makes sure that all given packages are installed. Silent, and off the network, when they are.
+NeedPackages() {
+  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    NeedToolsOnly "$@"
+    return
+  fi
+  local missing
+  mapfile -t missing < <(MissingPackages "$@")
+  ((${#missing[@]})) || return 0
+
+  if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
+    Fail "these packages are missing, and there is no sudo to install them." \
+      "As root: apt-get install ${missing[*]}"
+  fi
+  Say "Installing ${missing[*]}"
+  AsRoot apt-get update --quiet ||
+    Fail "apt-get update failed. These packages are missing: ${missing[*]}"
+  AsRoot env DEBIAN_FRONTEND=noninteractive apt-get install --quiet --yes \
+    --no-install-recommends "${missing[@]}" ||
+    Fail "apt-get install failed. These packages are missing: ${missing[*]}"
+}
+
+# Configures and builds a preset. The configuration's log is shown when it fails.
+ConfigureAndBuild() {
+  local preset=$1 log
+  log=$(mktemp)
+  Say "Configuring '$preset'"
+  if ! cmake --preset "$preset" >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    Fail "configuring '$preset' failed"
+  fi
+  rm -f "$log"
+  Say "Building '$preset'"
+  cmake --build --preset "$preset" || Fail "building '$preset' failed"
+}
+
+# Runs the tests of a preset and adds their numbers to `passed` and `failed`, which the caller has.
+# A run without tests counts as failed.
+RunTests() {
+  local preset=$1 log result=0 total=0 bad=0 line
+  log=$(mktemp)
+  Say "Testing '$preset'"
+  QT_QPA_PLATFORM=offscreen ctest --preset "$preset" </dev/null 2>&1 | tee "$log" || result=1
+  line=$(grep --extended-regexp '[0-9]+ tests? failed out of [0-9]+' "$log" || true)
+  rm -f "$log"
+  if [[ $line =~ ([0-9]+)\ tests?\ failed\ out\ of\ ([0-9]+) ]]; then
+    bad=${BASH_REMATCH[1]}
+    total=${BASH_REMATCH[2]}
+  fi
+  # Whatever ctest could not do, beyond a case that failed, is one failure of its own.
+  if ((total == 0 || (result != 0 && bad == 0))); then
+    bad=$((bad + 1))
+    total=$((total + 1))
+  fi
+  passed=$((passed + total - bad))
+  failed=$((failed + bad))
+  ((bad == 0))
+}
