@@ -29,8 +29,9 @@ public:
     [[nodiscard]] QString Value(QStringView section, QStringView key, QStringView fallback) const;
 
     /// Writes `value` as given (up to its first NUL): in place when the key is there, else behind
-    /// the last key of its section, else in a new section at the end. Characters that the file's
-    /// encoding lacks become "?".
+    /// the last key of its section, else in a new section at the end. A value that is there already
+    /// leaves its line as it is. Characters that the code page or the file's encoding lacks become
+    /// "?".
     void SetValue(QStringView section, QStringView key, QStringView value);
 
     /// The file's bytes as they are to be stored.
@@ -43,5 +44,48 @@ private:
         Windows1252,
         Utf16Le
     };
-    // private part to be completed with the implementation
+
+    /// A part of m_units: [begin, end).
+    struct Range
+    {
+        qsizetype begin = 0;
+        qsizetype end = 0;
+    };
+
+    /// The first key line of its name in a section that counts.
+    struct KeyLine
+    {
+        Range line = {}; ///< With its line end.
+        Range name = {};
+        Range value = {}; ///< Without blanks at the ends, quotes included.
+    };
+
+    /// The first section of its name.
+    struct Section
+    {
+        qsizetype newKeyAt = 0; ///< Behind the last key line, or behind the header.
+        QHash<QString, KeyLine> keys = {};
+    };
+
+    void Index();
+    void IndexKey(Section &section, QStringView line, QStringView text);
+    [[nodiscard]] const KeyLine *Find(QStringView section, QStringView key) const;
+
+    [[nodiscard]] Range RangeOf(QStringView part) const;
+    [[nodiscard]] QStringView Units(Range range) const;
+    [[nodiscard]] QString Decoded(QStringView units) const;
+    [[nodiscard]] QString Encoded(QStringView text) const;
+    [[nodiscard]] QString InCodePage(QStringView text) const;
+    [[nodiscard]] QString LookupName(QStringView stored) const;
+    [[nodiscard]] QString AskedName(QStringView given) const;
+
+    CodePage m_codePage;
+    Encoding m_encoding = Encoding::Utf8;
+    QByteArray m_mark = {}; ///< Byte order mark, kept in front of everything.
+    /// The text in the file's own units: one per byte, or one per 16-bit character of a UTF-16
+    /// file. Line ends, blanks, "=" and brackets are single units in all encodings, so the rules of
+    /// the format work on units, and only the names and values that are asked for are decoded.
+    QString m_units = {};
+    QByteArray m_stray = {}; ///< The last byte of a UTF-16 file of odd length, kept at the end.
+    QHash<QString, Section> m_sections = {}; ///< By name in folded case, as the keys in them.
 };

@@ -1,0 +1,129 @@
+#include "store/ini_file.h"
+
+#include "core/text.h"
+#include "core/trace.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A character that a value cannot hold as it is, and what stands for it in the file.
+struct Escape
+{
+    QLatin1StringView token;
+    QChar character;
+};
+
+constexpr Escape kSpace{"[SP]"_L1, u' '};
+constexpr Escape kCarriageReturn{"[CR]"_L1, u'\r'};
+constexpr Escape kLineFeed{"[LF]"_L1, u'\n'};
+constexpr Escape kTab{"[TAB]"_L1, u'\t'};
+
+// Each way has its own order.
+constexpr std::array kDecodingOrder{kSpace, kCarriageReturn, kLineFeed, kTab};
+constexpr std::array kEncodingOrder{kSpace, kTab, kLineFeed, kCarriageReturn};
+
+constexpr int kMaxLinks = 40; // as many as the system itself follows
+
+/// What can stand in a path but is no plain file reads as missing: a pipe would hold up the
+/// program.
+QByteArray FileBytes(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+/// The file that `path` finally names, so that replacing it leaves symbolic links as they are.
+/// Nothing when the links run in a circle.
+std::optional<QString> LinkTarget(QString path)
+{
+    for (int i = 0; i < kMaxLinks; ++i) {
+        const QFileInfo info(path);
+        if (!info.isSymLink())
+            return path;
+        path = info.symLinkTarget();
+    }
+    return std::nullopt;
+}
+
+/// Gives the open `file` the owner and the group of the file that it is to replace, as far as the
+/// system lets this user do so.
+void KeepOwner(const QSaveFile &file, const QString &path)
+{
+#ifdef Q_OS_UNIX
+    struct stat old = {};
+    if (::stat(QFile::encodeName(path).constData(), &old) != 0)
+        return;
+    if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0
+        && ::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid) != 0)
+        Trace(u"Owner and group are not kept: ", path);
+    // Changing the owner may take bits of the mode away, so the mode comes last.
+    if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
+        Trace(u"Mode is not kept: ", path);
+#else
+    Q_UNUSED(file)
+    Q_UNUSED(path)
+#endif
+}
+
+} // namespace
+
+IniFile::IniFile(IniPath path)
+    : m_path(std::move(path))
+    , m_profile(FileBytes(m_path.path), m_path.codePage)
+{}
+
+bool IniFile::Commit() const
+{
+    const auto path = LinkTarget(m_path.path);
+    if (!path) {
+        Trace(u"Unable to write ", m_path.path, u": symbolic links run in a circle");
+        return false;
+    }
+    const QByteArray bytes = m_profile.Bytes();
+    QSaveFile file(*path);
+    file.setDirectWriteFallback(false);
+    if (file.open(QIODevice::WriteOnly)) {
+        KeepOwner(file, *path);
+        if (file.write(bytes) == bytes.size() && file.commit())
+            return true;
+    }
+    Trace(u"Unable to write ", m_path.path, u": ", file.errorString());
+    return false;
+}
+
+QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
+                     QStringView fallback)
+{
+    const QString stored = file.Profile().Value(section, key, fallback);
+    QString value = TrimSpaces(stored).toString();
+    for (const Escape &escape : kDecodingOrder)
+        value.replace(escape.token, QString(escape.character));
+    return value;
+}
+
+void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
+                   bool encode)
+{
+    QString text = value.toString();
+    if (encode) {
+        for (const Escape &escape : kEncodingOrder)
+            text.replace(escape.character, escape.token);
+    }
+    file.Profile().SetValue(section, key, TrimSpaces(text));
+}
