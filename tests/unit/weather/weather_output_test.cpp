@@ -1,0 +1,174 @@
+#include "support/qt_printers.h"
+#include "weather/weather_output.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray Contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+void SetContents(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QString ShownMinimum(const QString &value)
+{
+    WeatherValues values;
+    values.minTempValue = value;
+    return DisplayedValues(values).minTempValue;
+}
+
+QString ShownMaximum(const QString &value)
+{
+    WeatherValues values;
+    values.maxTempValue = value;
+    return DisplayedValues(values).maxTempValue;
+}
+
+TEST(DisplayedValues, HideTheStoresNeutralExtremes)
+{
+    EXPECT_EQ(ShownMinimum("1000 F"), "N/A");
+    EXPECT_EQ(ShownMaximum("-1000 F"), "N/A");
+    for (const auto shown : {ShownMinimum, ShownMaximum}) {
+        EXPECT_EQ(shown("199.9 F"), "199.9 F");
+        EXPECT_EQ(shown("200 F"), "N/A");
+        EXPECT_EQ(shown("-200 F"), "N/A");
+        EXPECT_EQ(shown("-199 F"), "-199 F");
+        EXPECT_EQ(shown("no number"), "no number");
+        EXPECT_EQ(shown(""), "");
+        EXPECT_EQ(shown("1e999"), "N/A");
+    }
+}
+
+TEST(DisplayedValues, AreOtherwiseUnchanged)
+{
+    WeatherValues values;
+    for (const WeatherValueField &field : kWeatherValueFields)
+        values.*field.value = field.name.toString();
+    values.temperatureValue = "1000 F";
+
+    EXPECT_EQ(DisplayedValues(values), values);
+}
+
+class WeatherOutput : public testing::Test
+{
+protected:
+    QTemporaryDir folder;
+    QString path = folder.filePath("Weather3.ini");
+    IniPath file{path, CodePage::Utf8};
+    WeatherProfile profile;
+};
+
+TEST_F(WeatherOutput, HoldsSeventeenKeysInOrder)
+{
+    profile.copyright = "Data (c) %YEAR%";
+    profile.copyrightURL = "https://host/%YEAR%";
+    const WeatherValues shown{
+        .temperatureValue = "61.3 F",
+        .conditionsValue = "Light Rain",
+        .windSpeedDirValue = "10 at NW",
+        .humidityValue = "75%",
+        .atmosPressValue = "30.1 in",
+        .dewPointValue = "53.1 F",
+        .windchillValue = "N/A",
+        .heatindexValue = "62 F",
+        .visibilityValue = "10 mi",
+        .sunriseValue = "7:01 AM",
+        .sunsetValue = "4:31 PM",
+        .minTempValue = "12.5 F",
+        .maxTempValue = "71 F",
+        .precipValue = "0.02 in",
+        .timeValue = "14:53",
+        .locationValue = "Oak Hill",
+    };
+
+    SaveWeatherData(file, shown, &profile, 2024);
+
+    EXPECT_EQ(Contents(path), "[Weather]\r\n"
+                              "TIME=14:53\r\n"
+                              "COPYRIGHT=Data[SP](c)[SP]2024\r\n"
+                              "COPYRIGHTURL=https://host/%YEAR%\r\n"
+                              "CITY=Oak[SP]Hill\r\n"
+                              "TEMP=61.3[SP]F\r\n"
+                              "CONDITIONS=Light[SP]Rain\r\n"
+                              "WINDS=10[SP]at[SP]NW\r\n"
+                              "PRESSURE=30.1[SP]in\r\n"
+                              "HUMIDITY=75%\r\n"
+                              "DEWPOINT=53.1[SP]F\r\n"
+                              "WINDCHILL=N/A\r\n"
+                              "HEATINDEX=62[SP]F\r\n"
+                              "VISIBILITY=10[SP]mi\r\n"
+                              "SUNRISE=7:01[SP]AM\r\n"
+                              "SUNSET=4:31[SP]PM\r\n"
+                              "PREVMIN=12.5[SP]F\r\n"
+                              "PREVMAX=71[SP]F\r\n");
+}
+
+TEST_F(WeatherOutput, EscapesLineBreaks)
+{
+    WeatherValues shown;
+    shown.conditionsValue = "a\r\nb\tc";
+
+    SaveWeatherData(file, shown, &profile, 2024);
+
+    EXPECT_TRUE(Contents(path).contains("\r\nCONDITIONS=a[CR][LF]b[TAB]c\r\n"));
+}
+
+TEST_F(WeatherOutput, WritesEmptyValuesAndTheCreditsAfterClearing)
+{
+    profile.copyright = "Source";
+    profile.copyrightURL = "https://host/";
+
+    SaveWeatherData(file, {}, &profile, 2024);
+
+    EXPECT_EQ(Contents(path),
+              "[Weather]\r\nTIME=\r\nCOPYRIGHT=Source\r\nCOPYRIGHTURL=https://host/\r\nCITY=\r\n"
+              "TEMP=\r\nCONDITIONS=\r\nWINDS=\r\nPRESSURE=\r\nHUMIDITY=\r\nDEWPOINT=\r\n"
+              "WINDCHILL=\r\nHEATINDEX=\r\nVISIBILITY=\r\nSUNRISE=\r\nSUNSET=\r\nPREVMIN=\r\n"
+              "PREVMAX=\r\n");
+}
+
+TEST_F(WeatherOutput, LeavesTheCreditsAloneWithoutAProfile)
+{
+    SetContents(path, "[Weather]\r\nCOPYRIGHT=old\r\n");
+
+    SaveWeatherData(file, {.temperatureValue = "1.0"}, nullptr, 2024);
+
+    const QByteArray written = Contents(path);
+    EXPECT_TRUE(written.startsWith("[Weather]\r\nCOPYRIGHT=old\r\nTIME=\r\nCITY=\r\nTEMP=1.0\r\n"));
+    EXPECT_FALSE(written.contains("COPYRIGHTURL"));
+}
+
+TEST_F(WeatherOutput, KeepsOtherWritersKeys)
+{
+    SetContents(path, "; note\n[weather]\nTEMP = 5\nOwn=1\n\n[Other]\nx=y");
+
+    SaveWeatherData(file, {.temperatureValue = "61.3 F"}, nullptr, 2024);
+
+    const QByteArray written = Contents(path);
+    EXPECT_TRUE(written.startsWith("; note\n[weather]\nTEMP=61.3[SP]F\r\nOwn=1\nTIME=\r\n"));
+    EXPECT_TRUE(written.endsWith("PREVMAX=\r\n\n[Other]\nx=y"));
+}
+
+TEST_F(WeatherOutput, ChangesNothingWhereItCannotWrite)
+{
+    ASSERT_TRUE(QDir().mkdir(path)); // a folder in the file's place
+
+    SaveWeatherData(file, {.temperatureValue = "61.3 F"}, &profile, 2024);
+
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
+}
+
+} // namespace
