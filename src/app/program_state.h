@@ -14,7 +14,8 @@ struct ProgramState
 {
     bool IsFirstRun = false;
     bool MinimizeOnStartupEnabled = false;
-    ProgramFiles files = {}; ///< Holds `SessionId`, part of every session file's name.
+    ProgramFiles files = {};    ///< Holds `SessionId`, part of every session file's name.
+    QString folderProblem = {}; ///< What is wrong with the folder of `files`, for the user.
 
     ProfileTable profiles = {}; ///< Ten weather profiles, currentWeatherProfile, the forecast's.
     MinMaxTemps minMax = {};

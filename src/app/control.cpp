@@ -1,0 +1,51 @@
+#include "app/control.h"
+
+#include <QEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FocusWatch final : public QObject
+{
+public:
+    FocusWatch(QWidget *control, std::function<void()> left)
+        : QObject(control)
+        , m_left(std::move(left))
+    {
+        control->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusOut)
+            m_left();
+        return false;
+    }
+
+private:
+    std::function<void()> m_left;
+};
+
+} // namespace
+
+void SetBold(QWidget *control, bool bold)
+{
+    QFont font = control->font();
+    font.setBold(bold);
+    control->setFont(font);
+}
+
+void WhenFocusIsLost(QWidget *control, std::function<void()> left)
+{
+    new FocusWatch(control, std::move(left)); // owned by the control
+}
+
+void DescribeControlsByName(QWidget &window)
+{
+    window.setAccessibleDescription(window.objectName());
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+        if (!control->objectName().startsWith("qt_"_L1)) // the toolkit's own inner parts
+            control->setAccessibleDescription(control->objectName());
+    }
+}

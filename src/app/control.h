@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <utility>
+
+/// Logical pixels of a length in twips, of which fifteen make one pixel.
+[[nodiscard]] constexpr int Twips(int twips)
+{
+    return twips / 15;
+}
+
+/// Makes a control as a child of `parent` under its own name, which tests and accessibility tools
+/// use.
+template <typename Control, typename... Args>
+[[nodiscard]] Control *MakeControl(QWidget *parent, const QString &name, Args &&...args)
+{
+    auto *control = new Control(std::forward<Args>(args)..., parent);
+    control->setObjectName(name);
+    return control;
+}
+
+/// Makes the control's font bold or not.
+void SetBold(QWidget *control, bool bold);
+
+/// Calls `left` whenever `control` loses the keyboard focus, edited or not.
+void WhenFocusIsLost(QWidget *control, std::function<void()> left);
+
+/// Gives the window and every control in it its own name as accessible description, for automated
+/// checks of the running window.
+void DescribeControlsByName(QWidget &window);

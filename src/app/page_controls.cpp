@@ -1,0 +1,184 @@
+#include "app/page_controls.h"
+
+#include "app/control.h"
+#include "app/elided_label.h"
+#include "app/tab_button.h"
+#include "app/update_cycle.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTabTop = Twips(45);     // 3 px
+constexpr int kTabHeight = Twips(390); // 26 px
+constexpr int kRaisedTabTop = Twips(15);
+constexpr int kRaisedTabHeight = Twips(450);
+constexpr int kTabLeft = Twips(60);
+constexpr std::array kTabWidths{Twips(1905), Twips(1440), Twips(2010)};
+
+constexpr QRect kPage{Twips(60), Twips(495), Twips(5355), Twips(6345)};
+constexpr QRect kSeparator{0, Twips(465), Twips(5475), Twips(15)};
+constexpr QRect kOutOfSight{-20, -20, 10, 10};
+
+constexpr std::array<QStringView, 4> kForecastTimes{u"12:00 AM", u"6:00 AM", u"12:00 PM",
+                                                    u"6:00 PM"};
+constexpr QStringView kNoForecastYet =
+    u"The forecast is not part of this version yet: it is neither requested nor written.";
+
+} // namespace
+
+QRect TabGeometry(int index, bool raised)
+{
+    int left = kTabLeft;
+    for (int i = 0; i < index; ++i)
+        left += kTabWidths[size_t(i)];
+    return {left, raised ? kRaisedTabTop : kTabTop, kTabWidths[size_t(index)],
+            raised ? kRaisedTabHeight : kTabHeight};
+}
+
+void PageControls::Build(QWidget *window)
+{
+    BuildTabs(window);
+    BuildWeatherPage(frmPage[0]);
+    BuildWeatherSettings(frmPage[0]);
+    BuildRawFrame(window);
+    BuildForecastPage(frmPage[1]);
+    BuildSettingsPage(frmPage[2]);
+}
+
+void PageControls::BuildTabs(QWidget *window)
+{
+    constexpr std::array<QStringView, 3> kTabs{u"&Current Weather", u"&Forecast",
+                                               u"&Program Settings"};
+    constexpr std::array<QStringView, 3> kTitles{u"Current Weather Conditions", u"Forecast",
+                                                 u"Program Settings"};
+
+    txtFocus = MakeControl<QLineEdit>(window, u"txtFocus"_s);
+    txtFocus->setGeometry(kOutOfSight);
+    txtFocus->setFocusPolicy(Qt::ClickFocus); // no stop of the Tab key
+    for (int i = 0; i < int(cmdPage.size()); ++i) {
+        const QString number = QString::number(i);
+        auto *tab =
+            MakeControl<TabButton>(window, u"cmdPage"_s + number, kTabs[size_t(i)].toString());
+        tab->setGeometry(TabGeometry(i, false));
+        cmdPage[size_t(i)] = tab;
+        auto *page =
+            MakeControl<QGroupBox>(window, u"frmPage"_s + number, kTitles[size_t(i)].toString());
+        page->setGeometry(kPage);
+        frmPage[size_t(i)] = page;
+    }
+    linPages = MakeControl<QFrame>(window, u"linPages"_s);
+    linPages->setFrameStyle(int(QFrame::HLine) | int(QFrame::Plain));
+    linPages->setForegroundRole(QPalette::Mid);
+    linPages->setGeometry(kSeparator);
+}
+
+void PageControls::BuildForecastPage(QGroupBox *page)
+{
+    txtZoneCode = MakeControl<QLineEdit>(page, u"txtZoneCode"_s);
+    txtStateCode = MakeControl<QLineEdit>(page, u"txtStateCode"_s);
+    btnSelectNOAAZone =
+        MakeControl<QPushButton>(page, u"btnSelectNOAAZone"_s, u"Select Zone Code"_s);
+    txtForecast = MakeControl<QPlainTextEdit>(page, u"txtForecast"_s);
+    txtForecast->setReadOnly(true);
+    txtForecast->setTabChangesFocus(true);
+    txtForecast->setAccessibleName(u"Forecast"_s);
+    lblDisclaimer2 = MakeControl<ElidedLabel>(page, u"lblDisclaimer2"_s, 2);
+    lblDisclaimer2->setText(u"This forecast display is intended for configuration verification and "
+                            "is not ideal for on-air reading"_s);
+    lblForecastCopyright = MakeControl<ElidedLabel>(page, u"lblForecastCopyright"_s, 2);
+    lblForecastCopyright->setText(u"Public domain sources at U.S. National Weather Services."_s);
+    lblForecastCopyright->hide();
+    lblNextForecastCheck = MakeControl<QLabel>(page, u"lblNextForecastCheck"_s, u"Loading..."_s);
+    btnGetForecast = MakeControl<QPushButton>(page, u"btnGetForecast"_s, u"Get Forecast Now"_s);
+    for (QPushButton *button : {btnSelectNOAAZone, btnGetForecast}) {
+        button->setEnabled(false);
+        button->setToolTip(kNoForecastYet.toString());
+    }
+
+    auto *zoneTitle = MakeControl<QLabel>(page, u"lblZoneCodeTitle"_s, u"&Zone Code:"_s);
+    zoneTitle->setBuddy(txtZoneCode);
+    auto *stateTitle = MakeControl<QLabel>(page, u"lblStateCodeTitle"_s, u"&State:"_s);
+    stateTitle->setBuddy(txtStateCode);
+
+    auto *layout = new QGridLayout(page); // owned by the page
+    layout->addWidget(zoneTitle, 0, 0);
+    layout->addWidget(txtZoneCode, 0, 1);
+    layout->addWidget(btnSelectNOAAZone, 0, 2);
+    layout->addWidget(stateTitle, 1, 0);
+    layout->addWidget(txtStateCode, 1, 1);
+    layout->addWidget(txtForecast, 2, 0, 1, 3);
+    layout->addWidget(lblDisclaimer2, 3, 0, 1, 3); // the two take turns in one place
+    layout->addWidget(lblForecastCopyright, 3, 0, 1, 3);
+    layout->addWidget(lblNextForecastCheck, 4, 0, 1, 2);
+    layout->addWidget(btnGetForecast, 4, 2);
+}
+
+void PageControls::BuildSettingsPage(QGroupBox *page)
+{
+    txtHTTPPort = MakeControl<QLineEdit>(page, u"txtHTTPPort"_s);
+    txtHTTPPort->setText(u"80"_s);
+    auto *portTitle = MakeControl<QLabel>(page, u"lblHTTPPortTitle"_s, u"&HTTP Request Port"_s);
+    portTitle->setBuddy(txtHTTPPort);
+    QGroupBox *times = BuildForecastTimes(page);
+    QGroupBox *intervals = BuildCheckIntervals(page);
+    chkMinimizeOnStartup = MakeControl<QCheckBox>(page, u"chkMinimizeOnStartup"_s,
+                                                  u"&Minimize Tavrin Weather Utility On Startup"_s);
+    lblFolderProblem = MakeControl<QLabel>(page, u"lblFolderProblem"_s);
+    lblFolderProblem->setTextFormat(Qt::PlainText);
+    lblFolderProblem->setWordWrap(true);
+    lblFolderProblem->hide();
+    lblAppVersion = MakeControl<QLabel>(page, u"lblAppVersion"_s);
+    lblAppVersion->setTextFormat(Qt::PlainText);
+    lblAppVersion->setWordWrap(true);
+
+    auto *port = new QHBoxLayout;
+    port->addWidget(portTitle);
+    port->addWidget(txtHTTPPort);
+    port->addStretch();
+    auto *layout = new QVBoxLayout(page); // owned by the page
+    layout->addLayout(port);
+    layout->addWidget(times);
+    layout->addWidget(intervals);
+    layout->addWidget(chkMinimizeOnStartup);
+    layout->addWidget(lblFolderProblem);
+    layout->addStretch();
+    layout->addWidget(lblAppVersion);
+}
+
+QGroupBox *PageControls::BuildForecastTimes(QGroupBox *page)
+{
+    auto *frame = MakeControl<QGroupBox>(page, u"frmForecastTimes"_s, u"Get Forecast Info At..."_s);
+    auto *grid = new QGridLayout(frame); // owned by the frame
+    for (int i = 0; i < int(chkForecastTime.size()); ++i) {
+        auto *box = MakeControl<QCheckBox>(frame, u"chkForecastTime"_s + QString::number(i),
+                                           kForecastTimes[size_t(i)].toString());
+        grid->addWidget(box, i / 2, i % 2);
+        chkForecastTime[size_t(i)] = box;
+    }
+    return frame;
+}
+
+QGroupBox *PageControls::BuildCheckIntervals(QGroupBox *page)
+{
+    auto *frame =
+        MakeControl<QGroupBox>(page, u"frmCheckInterval"_s, u"Get Current Weather Info Every..."_s);
+    auto *grid = new QGridLayout(frame); // owned by the frame
+    for (int i = 0; i < int(optCheckInterval.size()); ++i) {
+        auto *button = MakeControl<QRadioButton>(frame, u"optCheckInterval"_s + QString::number(i),
+                                                 kCheckIntervals[size_t(i)].caption.toString());
+        grid->addWidget(button, i / 2, i % 2);
+        optCheckInterval[size_t(i)] = button;
+    }
+    optCheckInterval[0]->setChecked(true);
+    return frame;
+}

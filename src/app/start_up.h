@@ -1,0 +1,29 @@
+#pragma once
+
+#include "store/private_profile.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+
+/// The arguments from the first on (without the program's own path), joined by single blanks.
+[[nodiscard]] QString CommandText(int argc, const char *const *argv);
+
+/// What the program prints and ends with, without needing a display, when one of the arguments is
+/// "--help" or "--version".
+[[nodiscard]] std::optional<QString> ConsoleAnswer(const QString &command);
+
+/// The session that the command text asks for: "2".."9" when "/SESSION=" and that digit stand at
+/// its very end (letter case ignored), "" for the default session. Traces what it looks at.
+[[nodiscard]] QString SessionFromCommand(const QString &command);
+
+/// Windows-1252 when "/CODEPAGE=1252" and a blank or the end of the text stand ahead of
+/// "/SESSION=", or anywhere when there is no session switch; letter case is ignored.
+[[nodiscard]] CodePage CodePageFromCommand(QStringView command);
+
+/// The window's caption: the program's name, and the session unless it is the default one.
+[[nodiscard]] QString WindowCaption(const QString &SessionId);
+
+/// The program's version and its publisher's notice for `year`.
+[[nodiscard]] QString VersionText(int year);

@@ -1,0 +1,72 @@
+#include "app/update_cycle.h"
+
+#include "core/number.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSecondsPerMinute = 60;
+constexpr int kSecondsPerHour = 3600;
+constexpr double kHighestPort = 65535;
+
+QString TwoDigits(int number)
+{
+    return u"%1"_s.arg(number, 2, 10, QChar(u'0'));
+}
+
+} // namespace
+
+qint16 CheckIntervalSeconds(const std::array<bool, 4> &selected)
+{
+    const auto begin = selected.begin() + 1;
+    const auto chosen = std::find(begin, selected.end(), true);
+    return chosen == selected.end()
+             ? kCheckIntervals.front().seconds
+             : kCheckIntervals[static_cast<std::size_t>(chosen - selected.begin())].seconds;
+}
+
+QString CountdownText(int seconds)
+{
+    const int hours = seconds / kSecondsPerHour;
+    const int minutes = seconds / kSecondsPerMinute - hours * kSecondsPerMinute;
+    const QString rest = TwoDigits(seconds % kSecondsPerMinute);
+    if (hours < 1)
+        return QString::number(minutes) + u':' + rest;
+    return QString::number(hours) + u':' + TwoDigits(minutes) + u':' + rest;
+}
+
+bool IsLocationMissing(const std::array<LocationBox, 4> &boxes)
+{
+    return std::any_of(boxes.begin(), boxes.end(), [](const LocationBox &box) {
+        return box.shown && TrimSpaces(box.text).isEmpty();
+    });
+}
+
+bool IsForecastLocationInvalid(QStringView stateCode, QStringView zoneCode)
+{
+    return TrimSpaces(stateCode).size() != 2 && TrimSpaces(zoneCode).size() == 6;
+}
+
+bool IsForecastLocationGiven(QStringView stateCode, QStringView zoneCode)
+{
+    return !TrimSpaces(stateCode).isEmpty() && !TrimSpaces(zoneCode).isEmpty();
+}
+
+QString HttpPortText(QStringView text)
+{
+    // The default rounding mode takes halves to the even neighbour.
+    const double port = std::nearbyint(LeadingNumber(text).value_or(0));
+    return port >= 1 && port <= kHighestPort ? QString::number(int(port)) : u"80"_s;
+}
+
+qint16 UsableProfileIndex(qint16 index, int count)
+{
+    if (count == 0)
+        return -1;
+    return index >= 0 && index < count ? index : qint16(0);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/trace.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+/// `line` as one line of UTF-8 with its line end: carriage returns, line feeds and NULs inside it
+/// become "\r", "\n" and "\0".
+[[nodiscard]] QByteArray TraceLineBytes(const QString &line);
+
+/// Opens the channel that `where` (the environment variable TAVRIN_TRACE) names: "1" is the
+/// standard error output; any other text is a file that lines are appended to, each one flushed.
+///
+/// @return null when nothing is to be traced ("" or "0"; on Windows these mean the debugger's
+///         channel), or when the file cannot be opened, which is reported on the standard error
+///         output.
+[[nodiscard]] std::unique_ptr<TraceListener> OpenTraceSink(const QString &where);
