@@ -1,7 +1,7 @@
 #include "store/private_profile.h"
 
 #include "core/text.h"
-#include "store/windows_1252.h"
+#include "core/windows1252.h"
 
 #include <QStringDecoder>
 #include <QStringEncoder>
@@ -280,7 +280,7 @@ QString PrivateProfile::Decoded(QStringView units) const
     case Encoding::Utf8:
         return FromUtf8(units);
     case Encoding::Windows1252:
-        return FromWindows1252(units);
+        return FromWindows1252(units.toLatin1());
     case Encoding::Utf16Le:
         break;
     }
@@ -293,7 +293,7 @@ QString PrivateProfile::Encoded(QStringView text) const
     case Encoding::Utf8:
         return ToUtf8(text);
     case Encoding::Windows1252:
-        return ToWindows1252(text);
+        return QString::fromLatin1(ToWindows1252(text));
     case Encoding::Utf16Le:
         break;
     }

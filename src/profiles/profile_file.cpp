@@ -1,0 +1,123 @@
+#include "profiles/profile_file.h"
+
+#include "core/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A text of the profile and its key.
+struct TextField
+{
+    QStringView key = {};
+    QString WeatherProfile::*text = nullptr;
+};
+
+constexpr std::array kTextFields{
+    TextField{u"copyright", &WeatherProfile::copyright},
+    TextField{u"copyrightURL", &WeatherProfile::copyrightURL},
+    TextField{u"baseURL", &WeatherProfile::baseURL},
+    TextField{u"description", &WeatherProfile::description},
+    TextField{u"mainNodeClose", &WeatherProfile::mainNodeClose},
+    TextField{u"mainNodeOpen", &WeatherProfile::mainNodeOpen},
+    TextField{u"windSpeedDirFormat", &WeatherProfile::windSpeedDirFormat},
+};
+
+/// A text that a quantity has and what its key adds to the quantity's stem.
+struct TagField
+{
+    QStringView group = {};
+    QString QuantityTags::*text = nullptr;
+};
+
+constexpr std::array kTagFields{
+    TagField{u"Close", &QuantityTags::Close},   TagField{u"Factor", &QuantityTags::Factor},
+    TagField{u"Open", &QuantityTags::Open},     TagField{u"Prefix", &QuantityTags::Prefix},
+    TagField{u"Suffix", &QuantityTags::Suffix}, TagField{u"Units", &QuantityTags::Units},
+};
+
+/// The items of a comma list, without outer spaces; empty ones are dropped.
+QStringList CommaList(QStringView text)
+{
+    QStringList items;
+    for (const QStringView part : text.split(u',')) {
+        const QStringView item = TrimSpaces(part);
+        if (!item.isEmpty())
+            items.append(item.toString());
+    }
+    return items;
+}
+
+void LoadTags(WeatherProfile &profile, const IniFile &file, QStringView section)
+{
+    for (std::size_t i = 0; i < kQuantityCount; ++i) {
+        for (const TagField &field : kTagFields) {
+            const QString key = kQuantityStems[i].toString().append(field.group);
+            profile.tags[i].*field.text = ReadIniValue(file, section, key);
+        }
+    }
+}
+
+void LoadWeatherProfile(WeatherProfile &profile, const IniFile &file, QStringView section)
+{
+    profile.title = ReadIniValue(file, section, u"title");
+    if (profile.title.isEmpty())
+        return;
+
+    for (const TextField &field : kTextFields)
+        profile.*field.text = ReadIniValue(file, section, field.key);
+    profile.description.replace("[CRLF]"_L1, "\r\n"_L1);
+    for (std::size_t i = 0; i < profile.locationTitle.size(); ++i) {
+        const QString key = u"location"_s + QString::number(i + 1) + u"Title"_s;
+        profile.locationTitle[i] = ReadIniValue(file, section, key);
+    }
+    profile.concatinateWindSpeedDir =
+        ReadIniValue(file, section, u"concatinateWindSpeedDir", u"FALSE") == u"TRUE";
+    LoadTags(profile, file, section);
+    profile.required = CommaList(ReadIniValue(file, section, u"required"));
+    profile.values = {};
+}
+
+} // namespace
+
+void LoadWeatherProfiles(ProfileTable &profiles, const IniPath &path)
+{
+    const IniFile file(path);
+    for (std::size_t i = 0; i < profiles.weather.size(); ++i)
+        LoadWeatherProfile(profiles.weather[i], file, u"Profile"_s + QString::number(i));
+}
+
+std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniPath &path, int year)
+{
+    const IniFile file(path);
+    const auto read = [&file](QStringView key, QStringView fallback) {
+        return ReadIniValue(file, u"ForecastProfile0", key, fallback);
+    };
+
+    forecast.title = read(u"title", u"NOAA 7-Day Forecast for USA Locations");
+    if (forecast.title.isEmpty())
+        return std::nullopt;
+    forecast.baseURL = read(u"baseURL", u"https://tgftp.nws.noaa.gov%PORT%"
+                                        u"/pub/data/forecasts/zone/%STATE%/%ZONECODE%.txt");
+    forecast.copyright =
+        read(u"copyright", u"Public domain sources at U.S. National Weather Services.");
+    forecast.copyrightURL = read(u"copyrightURL", u"https://tgftp.nws.noaa.gov/");
+    // "[CRLF]" stays as it is, unlike in the description of a weather profile.
+    forecast.description =
+        read(u"description", u"Seven-day weather forecast data is provided for the USA by NOAA");
+    forecast.forecastText.clear();
+    return WithYear(forecast.copyright, year);
+}
+
+void ClearWeatherProfile(WeatherProfile &profile)
+{
+    WeatherProfile cleared;
+    // These stay: a new profile begins with the time and location tags of the one it replaces.
+    cleared.copyrightURL = profile.copyrightURL;
+    cleared.concatinateWindSpeedDir = profile.concatinateWindSpeedDir;
+    cleared.values.timeValue = profile.values.timeValue;
+    cleared.values.locationValue = profile.values.locationValue;
+    for (const Quantity quantity : {Quantity::Time, Quantity::Location})
+        cleared[quantity] = profile[quantity];
+    profile = cleared;
+}
