@@ -1,0 +1,123 @@
+#include <httplib.h>
+
+#include <csignal>
+#include <iostream>
+#include <thread>
+
+#include "demo_host/day_weather.h"
+#include "demo_host/demo_options.h"
+#include "demo_host/text_replies.h"
+
+namespace {
+
+constexpr int kBadUsage = 2;
+
+/// How a reply is made of a station and the moment.
+using Reply = QString (*)(const Station &station, const QDateTime &utc);
+
+/// The host's clock.
+class DemoClock
+{
+public:
+    explicit DemoClock(std::optional<QDateTime> fixed) : m_fixed(std::move(fixed)) {}
+    [[nodiscard]] QDateTime Now() const
+    {
+        return m_fixed.value_or(QDateTime::currentDateTimeUtc());
+    }
+
+private:
+    std::optional<QDateTime> m_fixed;
+};
+
+/// Serves `reply` for every address that matches `pattern`, whose first group is the station.
+void Serve(httplib::Server &server, const std::string &pattern, const std::string &type,
+           const DemoClock &clock, Reply reply)
+{
+    server.Get(pattern, [=, &clock](const httplib::Request &request, httplib::Response &response) {
+        const Station *station = FindStation(QString::fromStdString(request.matches[1].str()));
+        if (station == nullptr)
+            response.status = 404;
+        else
+            response.set_content(reply(*station, clock.Now()).toStdString(), type);
+    });
+}
+
+void ServeAll(httplib::Server &server, const DemoClock &clock)
+{
+    Serve(server, R"(/data/observations/metar/decoded/([^/]+)\.TXT)", "text/plain", clock,
+          DecodedReport);
+    Serve(server, R"(/xml/current_obs/([^/]+)\.xml)", "application/xml", clock, CurrentObservation);
+    server.set_error_handler([](const httplib::Request &request, httplib::Response &response) {
+        const QString page = NotFoundPage(QString::fromStdString(request.path));
+        response.set_content(page.toStdString(), "text/html");
+    });
+}
+
+/// Listens on `port` of the loopback, 0: on a free one.
+/// @return the port, or -1 when it cannot be had.
+int Bind(httplib::Server &server, int port)
+{
+    const char *const loopback = "127.0.0.1";
+    if (port == 0)
+        return server.bind_to_any_port(loopback);
+    return server.bind_to_port(loopback, port) ? port : -1;
+}
+
+/// Listens and serves until one of the signals comes.
+/// @return the exit code.
+int Run(const DemoOptions &options, const sigset_t &endSignals)
+{
+    const DemoClock clock(options.time);
+    httplib::Server server;
+    server.set_keep_alive_timeout(1); // seconds that the end waits for idle connections at most
+    // The library's own choice would share the port with a second host.
+    server.set_socket_options([](socket_t socket) {
+        const int on = 1;
+        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    });
+    ServeAll(server, clock);
+    const int port = Bind(server, options.port);
+    if (port < 0) {
+        std::cerr << "TavrinDemoHost: cannot listen on port " << options.port << '\n';
+        return 1;
+    }
+    std::thread listener([&server] { server.listen_after_bind(); });
+    while (!server.is_running()) // before that it could not be stopped
+        std::this_thread::yield();
+    // Flushed at once: scripts wait for the line.
+    std::cout << "Listening on http://127.0.0.1:" << port << std::endl;
+
+    int received = 0;
+    sigwait(&endSignals, &received);
+    server.stop();
+    listener.join();
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    QString problem;
+    const auto options = ReadDemoOptions(arguments, problem);
+    if (!options) {
+        std::cerr << "TavrinDemoHost: " << problem.toStdString() << '\n';
+        return kBadUsage;
+    }
+    if (options->help) {
+        std::cout << DemoHelp().toStdString();
+        return 0;
+    }
+
+    // Blocked before any thread starts, so that the signal waits for sigwait().
+    sigset_t endSignals;
+    sigemptyset(&endSignals);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&endSignals, signal);
+    pthread_sigmask(SIG_BLOCK, &endSignals, nullptr);
+
+    return Run(*options, endSignals);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include "demo_host/day_weather.h"
+
+/// The decoded airport report of `station` at the moment `utc`: lines of "name: value", LF line
+/// ends. What the station does not report has no line.
+[[nodiscard]] QString DecodedReport(const Station &station, const QDateTime &utc);
+
+/// The current observation of `station` at the moment `utc` as XML, with CR LF and LF line ends
+/// and tabs. What the station does not report has no element.
+[[nodiscard]] QString CurrentObservation(const Station &station, const QDateTime &utc);
+
+/// The page for an address that names nothing.
+[[nodiscard]] QString NotFoundPage(const QString &address);
