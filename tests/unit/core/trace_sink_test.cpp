@@ -1,0 +1,71 @@
+#include "core/trace_sink.h"
+#include "support/qt_printers.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray Contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+TEST(TraceLine, StaysOneLine)
+{
+    EXPECT_EQ(TraceLineBytes("plain"), "plain\n");
+    EXPECT_EQ(TraceLineBytes("a\r\nb"), "a\\r\\nb\n");
+    EXPECT_EQ(TraceLineBytes(QString("a") + QChar(u'\0') + "b"), "a\\0b\n");
+    EXPECT_EQ(TraceLineBytes("back\\slash\ttab"), "back\\slash\ttab\n");
+    EXPECT_EQ(TraceLineBytes(QString(QChar(0x00B0))), "\xC2\xB0\n"); // degree sign
+}
+
+TEST(TraceSink, AppendsToTheFileLineByLine)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("trace.txt");
+    {
+        const auto sink = OpenTraceSink(path);
+        ASSERT_NE(sink, nullptr);
+        sink->Line("first");
+        EXPECT_EQ(Contents(path), "first\n"); // there before the sink is closed
+    }
+    OpenTraceSink(path)->Line("second");
+
+    EXPECT_EQ(Contents(path), "first\nsecond\n");
+}
+
+TEST(TraceSink, WritesToStandardErrorForOne)
+{
+    const auto sink = OpenTraceSink("1");
+    ASSERT_NE(sink, nullptr);
+
+    testing::internal::CaptureStderr();
+    sink->Line("Form_Load Point 1");
+
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Form_Load Point 1\n");
+}
+
+TEST(TraceSink, ReportsAFileThatCannotBeWritten)
+{
+    const QTemporaryDir folder;
+    testing::internal::CaptureStderr();
+
+    EXPECT_EQ(OpenTraceSink(folder.filePath("missing/trace.txt")), nullptr);
+
+    const std::string message = testing::internal::GetCapturedStderr();
+    EXPECT_NE(message.find("missing/trace.txt"), std::string::npos) << message;
+}
+
+#ifndef Q_OS_WIN
+TEST(TraceSink, IsNoneUnlessAskedFor)
+{
+    EXPECT_EQ(OpenTraceSink(""), nullptr);
+    EXPECT_EQ(OpenTraceSink("0"), nullptr);
+}
+#endif
+
+} // namespace
