@@ -161,7 +161,7 @@ TEST(StateTables, AreAlphabeticalAndMatch)
     EXPECT_EQ(codeOf(u"OREGON"), u"OR");
     EXPECT_EQ(codeOf(u"VIRGINIA"), u"VA");
     for (const QStringView code : StateCodes)
-        EXPECT_EQ(std::count(StateCodes.begin(), StateCodes.end(), code), 1) << code.toString();
+        EXPECT_EQ(std::count(StateCodes.begin(), StateCodes.end(), code), 1);
 }
 
 } // namespace
