@@ -25,8 +25,9 @@ public:
     [[nodiscard]] virtual TransferHandle Net_HTTPThreadOpen(const QString &port) = 0;
 
     /// Starts the GET of the complete `url` (http or https).
-    /// @return false when it cannot be started: unknown handle, second start, or a URL that is
-    ///         none. The handle then counts as ended and failed and is still to be closed.
+    /// @return false when it cannot be started: unknown handle, second start (the first one goes
+    ///         on), or a URL that is none; the handle of such a URL counts as ended and failed.
+    ///         It is to be closed in every case.
     virtual bool Net_HTTPThreadGet(TransferHandle handle, const QString &url) = 0;
 
     /// True once the transfer has ended, received or failed, and from then on; true for a handle
@@ -46,6 +47,7 @@ public:
     [[nodiscard]] virtual QString ErrorText(TransferHandle handle) const = 0;
 
     /// Gets `url` and waits for the end of the transfer.
-    /// @return 0 with the body in `text`; a positive error number with `text` left as it was.
+    /// @return 0 with the body in `text`; a positive error number with `text` left as it was: the
+    ///         HTTP status from 100 on, below it libcurl's number (3: a URL that is none).
     virtual int Net_HttpGetText(const QString &url, QString &text) = 0;
 };

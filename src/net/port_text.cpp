@@ -1,0 +1,27 @@
+#include "net/port_text.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kHighestPort = 65535;
+
+bool IsDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+} // namespace
+
+bool IsPort(QStringView port)
+{
+    if (!std::all_of(port.begin(), port.end(), IsDigit))
+        return false;
+    int number = 0;
+    for (const QChar digit : port) {
+        number = number * 10 + (digit.unicode() - u'0');
+        if (number > kHighestPort)
+            return false; // before it can overflow
+    }
+    return number >= 1;
+}

@@ -1,0 +1,74 @@
+#include "net/request_url.h"
+
+#include <QString>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QByteArrayView kHttp = "http://";
+constexpr QByteArrayView kHttps = "https://";
+
+bool BeginsWith(QByteArrayView url, QByteArrayView scheme)
+{
+    return url.first(std::min(url.size(), scheme.size())).compare(scheme, Qt::CaseInsensitive) == 0;
+}
+
+/// What follows "http://" or "https://"; empty when `url` begins with neither.
+QByteArrayView AfterScheme(QByteArrayView url)
+{
+    for (const QByteArrayView scheme : {kHttp, kHttps}) {
+        if (BeginsWith(url, scheme))
+            return url.sliced(scheme.size());
+    }
+    return {};
+}
+
+/// True when there is something between the scheme and the path, query or fragment.
+bool NamesHost(QByteArrayView afterScheme)
+{
+    return !afterScheme.isEmpty() && !QByteArrayView("/?#").contains(afterScheme.front());
+}
+
+bool GoesAsItIs(char byte)
+{
+    return byte > ' ' && byte < '\x7F'; // also false for the negative ones, those outside ASCII
+}
+
+/// Lone surrogates have no UTF-8 form; Qt would write a "?", which begins a query.
+QString WithoutLoneSurrogates(QStringView url)
+{
+    QString text = url.toString();
+    if (!url.isValidUtf16()) {
+        std::replace_if(
+            text.begin(), text.end(), [](QChar unit) { return unit.isSurrogate(); },
+            QChar(QChar::ReplacementCharacter));
+    }
+    return text;
+}
+
+} // namespace
+
+std::optional<QByteArray> RequestUrl(QStringView url)
+{
+    return RequestUrl(QByteArrayView(WithoutLoneSurrogates(url).toUtf8()));
+}
+
+std::optional<QByteArray> RequestUrl(QByteArrayView url)
+{
+    if (!NamesHost(AfterScheme(url)))
+        return std::nullopt;
+    QByteArray sent;
+    for (const char byte : url) {
+        if (GoesAsItIs(byte))
+            sent.append(byte);
+        else
+            sent.append('%').append(QByteArray(1, byte).toHex().toUpper());
+    }
+    return sent;
+}
+
+bool IsHttps(const QByteArray &requestUrl)
+{
+    return BeginsWith(requestUrl, kHttps);
+}

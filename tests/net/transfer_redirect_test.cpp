@@ -1,0 +1,109 @@
+#include "transfer_support.h"
+
+namespace {
+
+using Connection = LoopbackConnection;
+
+/// "/3" points to "/2" and so on; "/0" is the page.
+void CountDown(Connection &connection, const std::string &head)
+{
+    const int left = std::stoi(head.substr(std::string("GET /").size()));
+    if (left == 0)
+        connection.Reply("arrived");
+    else
+        connection.Redirect("/" + std::to_string(left - 1));
+}
+
+Outcome GetRedirectedTo(const std::string &location)
+{
+    return GetScripted([&location](Connection &connection, const std::string &) {
+        connection.Redirect(location);
+    });
+}
+
+TEST(TransferRedirect, FollowsFive)
+{
+    const LoopbackServer server(CountDown);
+
+    ExpectReceived(Get(server.Url("/5")), u"arrived");
+
+    EXPECT_EQ(server.Heads().size(), 6U);
+}
+
+TEST(TransferRedirect, RefusesTheSixth)
+{
+    const LoopbackServer server(CountDown);
+
+    ExpectFailed(Get(server.Url("/6")), "Number of redirects hit maximum amount");
+
+    EXPECT_EQ(server.Heads().size(), 6U);
+}
+
+TEST(TransferRedirect, EndsALoop)
+{
+    const LoopbackServer server(
+        [](Connection &connection, const std::string &) { connection.Redirect("/"); });
+
+    ExpectFailed(Get(server.Url()));
+
+    EXPECT_EQ(server.Heads().size(), 6U);
+}
+
+TEST(TransferRedirect, FollowsEveryKind)
+{
+    for (const char *status : {"301 Moved", "302 Found", "303 See Other", "307 Temporary Redirect",
+                               "308 Permanent Redirect"}) {
+        const LoopbackServer server([status](Connection &connection, const std::string &head) {
+            if (head.find("GET /new ") == 0)
+                connection.Reply("arrived");
+            else
+                connection.Reply("", "Location: /new\r\n", status);
+        });
+
+        ExpectReceived(Get(server.Url("/old")), u"arrived");
+    }
+}
+
+TEST(TransferRedirect, GoesToAnotherServer)
+{
+    const LoopbackServer second(
+        [](Connection &connection, const std::string &) { connection.Reply("second"); });
+    const LoopbackServer first([&second](Connection &connection, const std::string &) {
+        connection.Redirect(second.Url("/a b"));
+    });
+
+    ExpectReceived(Get(first.Url()), u"second");
+
+    EXPECT_EQ(second.Heads().at(0).find("GET /a%20b HTTP/1.1\r\n"), 0U);
+}
+
+TEST(TransferRedirect, RefusesEverythingButHttp)
+{
+    const QString refused = "Redirect to a refused address";
+
+    ExpectFailed(GetRedirectedTo("ftp://127.0.0.1/file"), refused);
+    ExpectFailed(GetRedirectedTo("file:///etc/hostname"), refused);
+    ExpectFailed(GetRedirectedTo("gopher://127.0.0.1:70/"), refused);
+    ExpectFailed(GetRedirectedTo("javascript:alert(1)"), refused);
+}
+
+TEST(TransferRedirect, FailsForALocationThatIsNone)
+{
+    ExpectFailed(GetRedirectedTo("http://"));
+    ExpectFailed(GetRedirectedTo("http://127.0.0.1:99999/"));
+    ExpectFailed(GetRedirectedTo("http://%0d%0a/"));
+}
+
+TEST(TransferRedirect, NeverDeliversThePageOfTheRedirect)
+{
+    const LoopbackServer server([](Connection &connection, const std::string &head) {
+        if (head.find("GET /new ") == 0)
+            connection.Reply("new");
+        else
+            connection.Reply("this page has moved", "Location: /new\r\n", "302 Found");
+    });
+
+    ExpectReceived(Get(server.Url("/old")), u"new");
+}
+
+} // namespace

@@ -1,0 +1,128 @@
+#include "support/test_certificates.h"
+
+#include "transfer_support.h"
+
+namespace {
+
+using Connection = LoopbackConnection;
+
+class TransferTls : public testing::Test
+{
+protected:
+    [[nodiscard]] TransferOptions Trusting() const
+    {
+        return {.trustedRoots = QByteArray::fromStdString(m_certificates.AuthorityPem())};
+    }
+
+    const TestCertificates m_certificates;
+};
+
+void SayHello(Connection &connection, const std::string & /*head*/)
+{
+    connection.Reply("hello");
+}
+
+TEST_F(TransferTls, DeliversFromATrustedServer)
+{
+    const LoopbackServer server(SayHello, m_certificates.ServerContext());
+
+    ExpectReceived(Get(server.Url(), Trusting()), u"hello");
+}
+
+TEST_F(TransferTls, RefusesAServerThatTheSystemDoesNotKnow)
+{
+    const LoopbackServer server(SayHello, m_certificates.ServerContext());
+
+    ExpectFailed(Get(server.Url()));
+
+    EXPECT_TRUE(server.Heads().empty()) << "nothing is asked of a server that is not trusted";
+}
+
+TEST_F(TransferTls, RefusesAServerOfAnotherAuthority)
+{
+    const TestCertificates others;
+    const LoopbackServer server(SayHello, others.ServerContext());
+
+    ExpectFailed(Get(server.Url(), Trusting()));
+}
+
+TEST_F(TransferTls, RefusesACertificateOfAnotherName)
+{
+    const LoopbackServer server(SayHello, m_certificates.ServerContext());
+
+    ExpectFailed(Get("https://localhost:" + std::to_string(server.Port()) + "/", Trusting()));
+
+    EXPECT_TRUE(server.Heads().empty());
+}
+
+TEST_F(TransferTls, GivesUpAServerThatDoesNotAnswerInTls)
+{
+    const LoopbackServer server(SayHello);
+    TransferOptions options = Trusting();
+    options.connectTimeout = std::chrono::milliseconds(200);
+
+    ExpectFailed(Get("https://127.0.0.1:" + std::to_string(server.Port()) + "/", options));
+}
+
+TEST_F(TransferTls, GoesFromHttpToHttps)
+{
+    const LoopbackServer secure(SayHello, m_certificates.ServerContext());
+    const LoopbackServer plain([&secure](Connection &connection, const std::string &) {
+        connection.Redirect(secure.Url());
+    });
+
+    ExpectReceived(Get(plain.Url(), Trusting()), u"hello");
+}
+
+TEST_F(TransferTls, NeverGoesFromHttpsToHttp)
+{
+    const LoopbackServer plain(SayHello);
+    const LoopbackServer secure(
+        [&plain](Connection &connection, const std::string &) { connection.Redirect(plain.Url()); },
+        m_certificates.ServerContext());
+
+    ExpectFailed(Get(secure.Url(), Trusting()), "Redirect from https to http refused");
+
+    EXPECT_TRUE(plain.Heads().empty());
+}
+
+TEST_F(TransferTls, NeverGoesBackToHttpAfterBeginningThere)
+{
+    const LoopbackServer last(SayHello);
+    const LoopbackServer secure(
+        [&last](Connection &connection, const std::string &) { connection.Redirect(last.Url()); },
+        m_certificates.ServerContext());
+    const LoopbackServer first([&secure](Connection &connection, const std::string &) {
+        connection.Redirect(secure.Url());
+    });
+
+    ExpectFailed(Get(first.Url(), Trusting()), "Redirect from https to http refused");
+
+    EXPECT_TRUE(last.Heads().empty());
+}
+
+TEST_F(TransferTls, FollowsFromHttpsToHttps)
+{
+    const LoopbackServer server(
+        [](Connection &connection, const std::string &head) {
+            if (head.find("GET /new ") == 0)
+                connection.Reply("arrived");
+            else
+                connection.Redirect("/new");
+        },
+        m_certificates.ServerContext());
+
+    ExpectReceived(Get(server.Url("/old"), Trusting()), u"arrived");
+}
+
+TEST_F(TransferTls, EndsQuietlyWhenTheServerIsGone)
+{
+    CurlTransfers transfers(Trusting());
+    {
+        const LoopbackServer server(SayHello, m_certificates.ServerContext());
+        ExpectReceived(GetFrom(transfers, server.Url()), u"hello");
+    }
+    // The kept connection is closed when `transfers` goes away: writing to it must kill nobody.
+}
+
+} // namespace
