@@ -16,14 +16,14 @@ struct MinMaxTemps
 
 /// Takes a new reading `temp` into the store and the file. A new day of the month rolls the pairs
 /// over; how many days have passed does not matter.
-void CheckMinMaxTemp(MinMaxTemps &minMax, const IniPath &file, QDate today, double temp);
+void CheckMinMaxTemp(MinMaxTemps &minMax, const IniPath &path, QDate today, double temp);
 
 /// Fills the store from the file at start-up: today's pair when the file is of today, yesterday's
 /// when it is of yesterday, neutral values otherwise. Writes today as the file's current day.
-void LoadMinMaxTemps(MinMaxTemps &minMax, const IniPath &file, QDate today);
+void LoadMinMaxTemps(MinMaxTemps &minMax, const IniPath &path, QDate today);
 
 /// Makes today's pair neutral again, here and in the file; the previous day's pair stays.
-void ResetTodayMinMax(MinMaxTemps &minMax, const IniPath &file);
+void ResetTodayMinMax(MinMaxTemps &minMax, const IniPath &path);
 
 /// Days of the month before `month` (1..12; anything else: 0). Asked for March, every year that is
 /// divisible by 4 counts as a leap year.

@@ -31,7 +31,7 @@ struct LoadedSettings
 
 /// Reads the session's settings. The first run of a session writes FirstRun=False at once; nothing
 /// else is written. A number that no profile index can be (beyond 16 bits) is loaded as 0.
-[[nodiscard]] LoadedSettings LoadSettings(const IniPath &file);
+[[nodiscard]] LoadedSettings LoadSettings(const IniPath &path);
 
 /// Writes all settings but FirstRun in one go.
-void SaveSettings(const IniPath &file, const Settings &settings);
+void SaveSettings(const IniPath &path, const Settings &settings);

@@ -22,7 +22,7 @@ protected:
     }
 
     /// Writes one value as a group of its own.
-    bool WriteOne(const QString &name, QStringView value, bool encode = true) const
+    [[nodiscard]] bool WriteOne(const QString &name, QStringView value, bool encode = true) const
     {
         IniFile file(Ini(name));
         WriteIniValue(file, u"S", u"k", value, encode);

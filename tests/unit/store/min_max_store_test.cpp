@@ -104,8 +104,8 @@ TEST_F(MinMaxStore, RestartAfterTwoDaysIsNeutral)
 struct MonthCase
 {
     const char *name;
-    int storedDay;
     QDate today;
+    int storedDay;
     bool yesterday;
 };
 
@@ -130,16 +130,16 @@ TEST_P(MinMaxMonth, IsCrossed)
 }
 
 const MonthCase kMonthCases[] = {
-    {"LeapDay", 29, QDate(2028, 3, 1), true},
-    {"DayBeforeLeapDay", 28, QDate(2028, 3, 1), false},
-    {"LastOfFebruary", 28, QDate(2026, 3, 1), true},
-    {"NoLeapDay", 29, QDate(2026, 3, 1), false},
-    {"NoCenturyRule", 29, QDate(2100, 3, 1), true},
-    {"LastOfDecember", 31, QDate(2027, 1, 1), true},
-    {"LastOfApril", 30, QDate(2026, 5, 1), true},
-    {"AprilHasNo31", 31, QDate(2026, 5, 1), false},
-    {"FirstToSecond", 1, QDate(2026, 5, 2), true},
-    {"ZeroIsNeverYesterday", 0, QDate(2026, 5, 1), false},
+    {"LeapDay", QDate(2028, 3, 1), 29, true},
+    {"DayBeforeLeapDay", QDate(2028, 3, 1), 28, false},
+    {"LastOfFebruary", QDate(2026, 3, 1), 28, true},
+    {"NoLeapDay", QDate(2026, 3, 1), 29, false},
+    {"NoCenturyRule", QDate(2100, 3, 1), 29, true},
+    {"LastOfDecember", QDate(2027, 1, 1), 31, true},
+    {"LastOfApril", QDate(2026, 5, 1), 30, true},
+    {"AprilHasNo31", QDate(2026, 5, 1), 31, false},
+    {"FirstToSecond", QDate(2026, 5, 2), 1, true},
+    {"ZeroIsNeverYesterday", QDate(2026, 5, 1), 0, false},
 };
 
 INSTANTIATE_TEST_SUITE_P(Table, MinMaxMonth, testing::ValuesIn(kMonthCases),
