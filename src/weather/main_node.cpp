@@ -1,7 +1,5 @@
 #include "weather/main_node.h"
 
-#include <algorithm>
-
 QString WorkingText(const QString &reply)
 {
     QString text(reply.size(), Qt::Uninitialized);

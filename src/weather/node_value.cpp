@@ -93,16 +93,18 @@ std::optional<QString> Pictured(QStringView value, QStringView picture)
     return FormatNumber(*number, picture);
 }
 
-std::optional<QString> InLocalTime(QStringView value, const QDateTime &now)
+std::optional<QString> InLocalTime(QStringView value, const QDateTime *now)
 {
-    const std::optional<Moment> moment = ParseDateTime(value, now.date().year());
+    if (now == nullptr)
+        return std::nullopt;
+    const std::optional<Moment> moment = ParseDateTime(value, now->date().year());
     if (!moment)
         return std::nullopt;
-    return DateTimeText(ConvertUtcToLocal(*moment, now.offsetFromUtc()));
+    return DateTimeText(ConvertUtcToLocal(*moment, now->offsetFromUtc()));
 }
 
 /// One item of a factor. An unknown operation, and one that cannot be done, changes nothing.
-QString ApplyOperation(QString value, QStringView item, const QDateTime &now)
+QString ApplyOperation(QString value, QStringView item, const QDateTime *now)
 {
     const QChar operation = item.front();
     const QStringView operand = item.sliced(1);
@@ -154,13 +156,19 @@ Extract UpToClosing(QStringView text, const NodeQuery &query)
 
 QString GetNodeValue(QString &data, const NodeQuery &query)
 {
+    if (query.units != u"?" && !query.openTag.isEmpty())
+        data.replace(u'\t', u' ');
+    return GetNodeValueWithoutTabs(data, query);
+}
+
+QString GetNodeValueWithoutTabs(QStringView data, const NodeQuery &query)
+{
     if (query.units == u"?")
         return kNotAvailableFromService.toString();
     if (query.openTag.isEmpty())
         return kNotAvailable.toString();
 
     ResolveLineEnd(query.closeTag);
-    data.replace(u'\t', u' ');
     Trace(u"Looking for O:", query.openTag, u" P:", query.prefix, u" C:", query.closeTag, u" in ",
           data);
 

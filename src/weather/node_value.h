@@ -15,14 +15,15 @@ inline constexpr QStringView kNotAvailableFromService = u"Not Available From Ser
 /// tag is held by reference, because GetNodeValue() resolves it in place.
 struct NodeQuery
 {
-    QStringView openTag = {}; ///< Empty: the quantity is not configured, the value is "N/A".
-    QString &closeTag;        ///< "" or "%CRLF%", "%CR%", "%LF%" become the line end meant.
-    QStringView prefix = {};  ///< Skipped where it follows the opening tag; may be absent.
-    QStringView suffix = {};  ///< Empty: nothing is cut.
-    QStringView units = {};   ///< "?": the service does not deliver this quantity.
-    QStringView factor = {};  ///< Operations such as "*1.8,+32", first to last; "0": none.
-    QStringView format = {};  ///< Number picture applied last; empty: none.
-    QDateTime now = {};       ///< Local time: its offset from UTC and its year serve operation "D".
+    QStringView openTag = {};       ///< Empty: the quantity is not configured, the value is "N/A".
+    QString &closeTag;              ///< "" or "%CRLF%", "%CR%", "%LF%" become the line end meant.
+    QStringView prefix = {};        ///< Skipped where it follows the opening tag; may be absent.
+    QStringView suffix = {};        ///< Empty: nothing is cut.
+    QStringView units = {};         ///< "?": the service does not deliver this quantity.
+    QStringView factor = {};        ///< Operations such as "*1.8,+32", first to last; "0": none.
+    QStringView format = {};        ///< Number picture applied last; empty: none.
+    const QDateTime *now = nullptr; ///< Local time, for operation "D": its offset from UTC and its
+                                    ///< year count. Null: the operation changes nothing.
 };
 
 /// Cuts one value out of `data` and applies the query's factor, format and units.
@@ -34,6 +35,10 @@ struct NodeQuery
 ///
 /// @return a display-ready text, never empty: at worst "N/A".
 [[nodiscard]] QString GetNodeValue(QString &data, const NodeQuery &query);
+
+/// The same for `data` that is known to hold no tab, as the parser's working text: seventeen
+/// look-outs for tabs in a page of megabytes would cost more than the search itself.
+[[nodiscard]] QString GetNodeValueWithoutTabs(QStringView data, const NodeQuery &query);
 
 /// Where the tags of one quantity stand, looked at with the care that GetNodeValue() deliberately
 /// lacks.

@@ -3,6 +3,7 @@
 #include "core/number.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <vector>
 
@@ -24,7 +25,7 @@ struct Element
         Literal   ///< `text` as it is.
     };
     Kind kind = Kind::Literal;
-    QString text = {};
+    QStringView text = {}; ///< A view of the picture.
     int width = 0;
 };
 
@@ -65,20 +66,23 @@ QStringView VerbatimText(QStringView verbatim)
                                                           : verbatim.sliced(1);
 }
 
-/// The sections of a picture; ";" in quotes and behind "\" part nothing.
-std::vector<QStringView> SplitSections(QStringView picture)
+/// The sections of a picture; ";" in quotes and behind "\" part nothing, and what follows a third
+/// section is of no use.
+std::array<QStringView, 3> SplitSections(QStringView picture)
 {
-    std::vector<QStringView> sections;
+    std::array<QStringView, 3> sections;
+    std::size_t section = 0;
     qsizetype start = 0;
-    for (qsizetype i = 0; i < picture.size();) {
+    for (qsizetype i = 0; i < picture.size() && section < sections.size();) {
         const qsizetype verbatim = VerbatimLength(picture.sliced(i));
         if (verbatim == 0 && picture[i] == u';') {
-            sections.push_back(picture.sliced(start, i - start));
+            sections[section++] = picture.sliced(start, i - start);
             start = i + 1;
         }
         i += std::max<qsizetype>(verbatim, 1);
     }
-    sections.push_back(picture.sliced(start));
+    if (section < sections.size())
+        sections[section] = picture.sliced(start);
     return sections;
 }
 
@@ -98,7 +102,10 @@ qsizetype ExponentLength(QStringView picture)
 class SectionReader
 {
 public:
-    explicit SectionReader(QStringView picture) : m_rest(picture) {}
+    explicit SectionReader(QStringView picture) : m_rest(picture)
+    {
+        m_section.elements.reserve(static_cast<std::size_t>(picture.size()));
+    }
 
     Section Read()
     {
@@ -114,7 +121,7 @@ private:
     void TakeMark(QChar c);
     void Add(Element::Kind kind, QStringView text = {}, int width = 0)
     {
-        m_section.elements.push_back({kind, text.toString(), width});
+        m_section.elements.push_back({kind, text, width});
     }
 
     QStringView m_rest;
@@ -165,7 +172,7 @@ void SectionReader::TakeMark(QChar c)
         m_comma = m_section.integerPlaces > 0;
     } else {
         m_section.percents += c == u'%' ? 1 : 0;
-        Add(Element::Kind::Literal, QStringView(&c, 1));
+        Add(Element::Kind::Literal, m_rest.first(1));
     }
 }
 
@@ -328,11 +335,13 @@ QString FormatNumber(double value, QStringView picture)
     if (picture.isEmpty())
         return NumberToText(value);
 
-    const std::vector<QStringView> sections = SplitSections(picture);
-    const bool ownNegative = value < 0 && sections.size() > 1 && !sections[1].isEmpty();
-    const bool ownZero = value == 0 && sections.size() > 2 && !sections[2].isEmpty();
-    const QStringView chosen = sections[ownNegative ? 1 : ownZero ? 2 : 0];
-    const Section section = SectionReader(chosen).Read();
+    const auto [positive, negative, zero] = SplitSections(picture);
+    const bool ownNegative = value < 0 && !negative.isEmpty();
+    const bool ownZero = value == 0 && !zero.isEmpty();
+    const Section section = SectionReader(ownNegative ? negative
+                                          : ownZero   ? zero
+                                                      : positive)
+                                .Read();
 
     DecimalNumber number = ToDecimal(value);
     number.pointAt += 2 * section.percents;

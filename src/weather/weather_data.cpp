@@ -112,14 +112,14 @@ private:
     QString ReadAs(QuantityTags &tags, QStringView units, QStringView factor,
                    QStringView format = {})
     {
-        return GetNodeValue(m_working, {.openTag = tags.Open,
-                                        .closeTag = tags.Close,
-                                        .prefix = tags.Prefix,
-                                        .suffix = tags.Suffix,
-                                        .units = units,
-                                        .factor = factor,
-                                        .format = format,
-                                        .now = m_now});
+        return GetNodeValueWithoutTabs(m_working, {.openTag = tags.Open,
+                                                   .closeTag = tags.Close,
+                                                   .prefix = tags.Prefix,
+                                                   .suffix = tags.Suffix,
+                                                   .units = units,
+                                                   .factor = factor,
+                                                   .format = format,
+                                                   .now = &m_now});
     }
 
     void ReadTimeAndPlace();

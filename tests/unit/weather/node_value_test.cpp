@@ -40,6 +40,7 @@ TEST_P(NodeValue, GivesDisplayText)
     const NodeValueCase &c = GetParam();
     QString data = c.data;
     QString close = c.close;
+    const QDateTime now = Now();
 
     const QString value = GetNodeValue(data, {.openTag = c.open,
                                               .closeTag = close,
@@ -48,7 +49,7 @@ TEST_P(NodeValue, GivesDisplayText)
                                               .units = c.units,
                                               .factor = c.factor,
                                               .format = c.format,
-                                              .now = Now()});
+                                              .now = &now});
 
     EXPECT_EQ(value, c.expected);
 }
