@@ -193,7 +193,7 @@ void Round(DecimalNumber &number, int decimals)
         while (!number.digits.empty() && number.digits.back() == '9')
             number.digits.pop_back();
         if (number.digits.empty()) {
-            number.digits = "1";
+            number.digits.assign(1, '1');
             ++number.pointAt;
             return;
         }
