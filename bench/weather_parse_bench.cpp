@@ -158,5 +158,3 @@ BENCHMARK(ParseWeatherDataBeside)->Apply(Sizes);
 BENCHMARK(GetNodeValueBeside)->Apply(Sizes);
 
 } // namespace
-
-BENCHMARK_MAIN();
