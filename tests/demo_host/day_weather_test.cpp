@@ -1,10 +1,9 @@
+#include "demo_host/day_weather.h"
 #include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-#include "demo_host/day_weather.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
-
 #include <httplib.h>
 
 namespace {
@@ -34,10 +33,35 @@ TEST_F(RunningHost, ServesReportsAndObservations)
     EXPECT_NE(observation->body.find("<temp_f>73.4</temp_f>"), std::string::npos);
 }
 
+TEST_F(RunningHost, ServesTheFormsOfJson)
+{
+    const auto position = m_client.Get(
+        "/v1/forecast?latitude=39.29&longitude=-76.61&current=temperature_2m&timezone=auto");
+    const auto station = m_client.Get("/stations/KBWI/observations/latest");
+    const auto place = m_client.Get("/Baltimore?format=j2");
+
+    ASSERT_TRUE(position);
+    EXPECT_NE(position->body.find("\"temperature_2m\":23.0}"), std::string::npos);
+    ASSERT_TRUE(station);
+    EXPECT_NE(station->body.find("\"value\": 23.0,"), std::string::npos);
+    ASSERT_TRUE(place);
+    EXPECT_NE(place->body.find("\"temp_C\": \"23\","), std::string::npos);
+}
+
+TEST_F(RunningHost, RefusesAPositionThatIsNone)
+{
+    const auto reply = m_client.Get("/v1/forecast?latitude=north");
+
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->status, 400);
+    EXPECT_NE(reply->body.find("\"error\":true"), std::string::npos);
+}
+
 TEST_F(RunningHost, AnswersAPageForAnUnknownStationOrAddress)
 {
     for (const char *address :
-         {"/data/observations/metar/decoded/XXXX.TXT", "/xml/current_obs/kbwi.xml", "/"}) {
+         {"/data/observations/metar/decoded/XXXX.TXT", "/xml/current_obs/kbwi.xml",
+          "/stations/X/observations/latest", "/Atlantis", "/"}) {
         const auto reply = m_client.Get(address);
 
         ASSERT_TRUE(reply) << address;

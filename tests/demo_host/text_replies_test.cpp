@@ -1,8 +1,7 @@
+#include "demo_host/text_replies.h"
 #include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
-
-#include "demo_host/text_replies.h"
 
 namespace {
 

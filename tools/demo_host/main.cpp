@@ -1,18 +1,20 @@
+#include "demo_host/day_weather.h"
+#include "demo_host/demo_options.h"
+#include "demo_host/json_replies.h"
+#include "demo_host/text_replies.h"
+
 #include <httplib.h>
 
 #include <csignal>
 #include <iostream>
 #include <thread>
 
-#include "demo_host/day_weather.h"
-#include "demo_host/demo_options.h"
-#include "demo_host/text_replies.h"
-
 namespace {
 
 constexpr int kBadUsage = 2;
 
-/// How a reply is made of a station and the moment.
+/// How the station is found that an address names, and how a reply is made of it and the moment.
+using Find = const Station *(*)(QStringView name);
 using Reply = QString (*)(const Station &station, const QDateTime &utc);
 
 /// The host's clock.
@@ -29,12 +31,12 @@ private:
     std::optional<QDateTime> m_fixed;
 };
 
-/// Serves `reply` for every address that matches `pattern`, whose first group is the station.
+/// Serves `reply` for every address that matches `pattern`, whose first group names the station.
 void Serve(httplib::Server &server, const std::string &pattern, const std::string &type,
-           const DemoClock &clock, Reply reply)
+           const DemoClock &clock, Find find, Reply reply)
 {
     server.Get(pattern, [=, &clock](const httplib::Request &request, httplib::Response &response) {
-        const Station *station = FindStation(QString::fromStdString(request.matches[1].str()));
+        const Station *station = find(QString::fromStdString(request.matches[1].str()));
         if (station == nullptr)
             response.status = 404;
         else
@@ -42,12 +44,36 @@ void Serve(httplib::Server &server, const std::string &pattern, const std::strin
     });
 }
 
+void ServePositions(httplib::Server &server, const DemoClock &clock)
+{
+    server.Get("/v1/forecast", [&](const httplib::Request &request, httplib::Response &response) {
+        AddressQuery query;
+        for (const auto &[name, value] : request.params)
+            query.insert(QString::fromStdString(name), QString::fromStdString(value));
+        const auto reply = PositionReply(query, clock.Now());
+        if (reply) {
+            response.set_content(reply->toStdString(), "application/json");
+        } else {
+            response.status = 400;
+            response.set_content(R"({"error":true,"reason":"no such position or quantity"})",
+                                 "application/json");
+        }
+    });
+}
+
 void ServeAll(httplib::Server &server, const DemoClock &clock)
 {
     Serve(server, R"(/data/observations/metar/decoded/([^/]+)\.TXT)", "text/plain", clock,
-          DecodedReport);
-    Serve(server, R"(/xml/current_obs/([^/]+)\.xml)", "application/xml", clock, CurrentObservation);
+          FindStation, DecodedReport);
+    Serve(server, R"(/xml/current_obs/([^/]+)\.xml)", "application/xml", clock, FindStation,
+          CurrentObservation);
+    Serve(server, "/stations/([^/]+)/observations/latest", "application/geo+json", clock,
+          FindStation, ObservationJson);
+    ServePositions(server, clock);
+    Serve(server, "/([^/]+)", "application/json", clock, FindPlace, PlaceReply);
     server.set_error_handler([](const httplib::Request &request, httplib::Response &response) {
+        if (!response.body.empty())
+            return; // it says already what is wrong
         const QString page = NotFoundPage(QString::fromStdString(request.path));
         response.set_content(page.toStdString(), "text/html");
     });

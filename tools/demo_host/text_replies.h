@@ -1,9 +1,9 @@
 #pragma once
 
+#include "demo_host/day_weather.h"
+
 #include <QDateTime>
 #include <QString>
-
-#include "demo_host/day_weather.h"
 
 /// The decoded airport report of `station` at the moment `utc`: lines of "name: value", LF line
 /// ends. What the station does not report has no line.
