@@ -38,14 +38,17 @@ constexpr std::array kEncodingOrder{kSpace, kTab, kLineFeed, kCarriageReturn};
 
 constexpr int kMaxLinks = 40; // as many as the system itself follows
 
-/// What can stand in a path but is no plain file reads as missing: a pipe would hold up the
-/// program.
-QByteArray FileBytes(const QString &path)
+/// The bytes of the file; nothing when there is a file that cannot be read just now. What can stand
+/// in a path but is no plain file reads as missing: a pipe would hold up the program.
+std::optional<QByteArray> FileBytes(const QString &path)
 {
+    if (!QFileInfo(path).isFile())
+        return QByteArray();
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFile::NoError ? std::optional(bytes) : std::nullopt;
 }
 
 /// The file that `path` finally names, so that replacing it leaves symbolic links as they are.
@@ -83,13 +86,19 @@ void KeepOwner(const QSaveFile &file, const QString &path)
 
 } // namespace
 
-IniFile::IniFile(IniPath path)
-    : m_path(std::move(path))
-    , m_profile(FileBytes(m_path.path), m_path.codePage)
-{}
+IniFile::IniFile(IniPath path) : m_path(std::move(path))
+{
+    const std::optional<QByteArray> bytes = FileBytes(m_path.path);
+    m_readable = bytes.has_value();
+    m_profile = PrivateProfile(bytes.value_or(QByteArray()), m_path.codePage);
+}
 
 bool IniFile::Commit() const
 {
+    if (!m_readable) {
+        Trace(u"Unable to write ", m_path.path, u": it could not be read before");
+        return false;
+    }
     const auto path = LinkTarget(m_path.path);
     if (!path) {
         Trace(u"Unable to write ", m_path.path, u": symbolic links run in a circle");

@@ -18,7 +18,8 @@ struct IniPath
 class IniFile
 {
 public:
-    /// Reads the file. One that is missing, a folder or unreadable counts as empty.
+    /// Reads the file. One that is missing, a folder or unreadable counts as empty; one that cannot
+    /// be read just now is not replaced either, for what it holds would be lost.
     explicit IniFile(IniPath path);
 
     [[nodiscard]] const PrivateProfile &Profile() const { return m_profile; }
@@ -36,6 +37,7 @@ public:
 private:
     IniPath m_path;
     PrivateProfile m_profile;
+    bool m_readable = true;
 };
 
 /// The value of `key`, trimmed of spaces, with the tokens [SP] [CR] [LF] [TAB] turned into the

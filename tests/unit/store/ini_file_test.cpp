@@ -8,8 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <optional>
 
 namespace {
 
@@ -47,6 +50,23 @@ protected:
     }
 
     TestFolder folder;
+};
+
+/// While it lives this process cannot open a file, as when its limit is reached.
+class NoMoreFiles
+{
+public:
+    NoMoreFiles()
+    {
+        ::getrlimit(RLIMIT_NOFILE, &m_before);
+        const rlimit none{0, m_before.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
+    Q_DISABLE_COPY_MOVE(NoMoreFiles)
+
+private:
+    rlimit m_before = {};
 };
 
 /// Sets the file mode mask while it lives.
@@ -251,6 +271,26 @@ TEST_F(IniFileTest, FailedCommitCanBeTriedAgain)
 
     EXPECT_TRUE(WriteOne("a.ini", u"v"));
     EXPECT_EQ(ReadOne(), QString("v"));
+}
+
+TEST_F(IniFileTest, FileThatCannotBeReadJustNowIsNotReplaced)
+{
+    folder.Write("a.ini", "[S]\r\nforeign=1\r\n");
+    std::optional<IniFile> file;
+    {
+        const NoMoreFiles full;
+        file.emplace(Ini());
+    }
+    const RecordedTrace trace;
+
+    EXPECT_EQ(ReadIniValue(*file, u"S", u"foreign", u"none"), "none");
+    WriteIniValue(*file, u"S", u"k", u"x", true);
+    EXPECT_FALSE(file->Commit());
+
+    EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nforeign=1\r\n");
+    EXPECT_EQ(trace.lines.size(), 1);
+    EXPECT_TRUE(WriteOne("a.ini", u"x"));
+    EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nforeign=1\r\nk=x\r\n");
 }
 
 TEST_F(IniFileTest, NewFileFollowsTheModeMask)

@@ -1,26 +1,13 @@
 #include "support/qt_printers.h"
+#include "support/test_files.h"
 #include "weather/weather_output.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-QByteArray Contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
-void SetContents(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 QString ShownMinimum(const QString &value)
 {
@@ -64,9 +51,8 @@ TEST(DisplayedValues, AreOtherwiseUnchanged)
 class WeatherOutput : public testing::Test
 {
 protected:
-    QTemporaryDir folder;
-    QString path = folder.filePath("Weather3.ini");
-    IniPath file{path, CodePage::Utf8};
+    TestFolder folder;
+    IniPath file{folder.Path("Weather3.ini"), CodePage::Utf8};
     WeatherProfile profile;
 };
 
@@ -95,24 +81,24 @@ TEST_F(WeatherOutput, HoldsSeventeenKeysInOrder)
 
     SaveWeatherData(file, shown, &profile, 2024);
 
-    EXPECT_EQ(Contents(path), "[Weather]\r\n"
-                              "TIME=14:53\r\n"
-                              "COPYRIGHT=Data[SP](c)[SP]2024\r\n"
-                              "COPYRIGHTURL=https://host/%YEAR%\r\n"
-                              "CITY=Oak[SP]Hill\r\n"
-                              "TEMP=61.3[SP]F\r\n"
-                              "CONDITIONS=Light[SP]Rain\r\n"
-                              "WINDS=10[SP]at[SP]NW\r\n"
-                              "PRESSURE=30.1[SP]in\r\n"
-                              "HUMIDITY=75%\r\n"
-                              "DEWPOINT=53.1[SP]F\r\n"
-                              "WINDCHILL=N/A\r\n"
-                              "HEATINDEX=62[SP]F\r\n"
-                              "VISIBILITY=10[SP]mi\r\n"
-                              "SUNRISE=7:01[SP]AM\r\n"
-                              "SUNSET=4:31[SP]PM\r\n"
-                              "PREVMIN=12.5[SP]F\r\n"
-                              "PREVMAX=71[SP]F\r\n");
+    EXPECT_EQ(folder.Bytes("Weather3.ini"), "[Weather]\r\n"
+                                            "TIME=14:53\r\n"
+                                            "COPYRIGHT=Data[SP](c)[SP]2024\r\n"
+                                            "COPYRIGHTURL=https://host/%YEAR%\r\n"
+                                            "CITY=Oak[SP]Hill\r\n"
+                                            "TEMP=61.3[SP]F\r\n"
+                                            "CONDITIONS=Light[SP]Rain\r\n"
+                                            "WINDS=10[SP]at[SP]NW\r\n"
+                                            "PRESSURE=30.1[SP]in\r\n"
+                                            "HUMIDITY=75%\r\n"
+                                            "DEWPOINT=53.1[SP]F\r\n"
+                                            "WINDCHILL=N/A\r\n"
+                                            "HEATINDEX=62[SP]F\r\n"
+                                            "VISIBILITY=10[SP]mi\r\n"
+                                            "SUNRISE=7:01[SP]AM\r\n"
+                                            "SUNSET=4:31[SP]PM\r\n"
+                                            "PREVMIN=12.5[SP]F\r\n"
+                                            "PREVMAX=71[SP]F\r\n");
 }
 
 TEST_F(WeatherOutput, EscapesLineBreaks)
@@ -122,7 +108,7 @@ TEST_F(WeatherOutput, EscapesLineBreaks)
 
     SaveWeatherData(file, shown, &profile, 2024);
 
-    EXPECT_TRUE(Contents(path).contains("\r\nCONDITIONS=a[CR][LF]b[TAB]c\r\n"));
+    EXPECT_TRUE(folder.Bytes("Weather3.ini").contains("\r\nCONDITIONS=a[CR][LF]b[TAB]c\r\n"));
 }
 
 TEST_F(WeatherOutput, WritesEmptyValuesAndTheCreditsAfterClearing)
@@ -132,7 +118,7 @@ TEST_F(WeatherOutput, WritesEmptyValuesAndTheCreditsAfterClearing)
 
     SaveWeatherData(file, {}, &profile, 2024);
 
-    EXPECT_EQ(Contents(path),
+    EXPECT_EQ(folder.Bytes("Weather3.ini"),
               "[Weather]\r\nTIME=\r\nCOPYRIGHT=Source\r\nCOPYRIGHTURL=https://host/\r\nCITY=\r\n"
               "TEMP=\r\nCONDITIONS=\r\nWINDS=\r\nPRESSURE=\r\nHUMIDITY=\r\nDEWPOINT=\r\n"
               "WINDCHILL=\r\nHEATINDEX=\r\nVISIBILITY=\r\nSUNRISE=\r\nSUNSET=\r\nPREVMIN=\r\n"
@@ -141,34 +127,34 @@ TEST_F(WeatherOutput, WritesEmptyValuesAndTheCreditsAfterClearing)
 
 TEST_F(WeatherOutput, LeavesTheCreditsAloneWithoutAProfile)
 {
-    SetContents(path, "[Weather]\r\nCOPYRIGHT=old\r\n");
+    folder.Write("Weather3.ini", "[Weather]\r\nCOPYRIGHT=old\r\n");
 
     SaveWeatherData(file, {.temperatureValue = "1.0"}, nullptr, 2024);
 
-    const QByteArray written = Contents(path);
+    const QByteArray written = folder.Bytes("Weather3.ini");
     EXPECT_TRUE(written.startsWith("[Weather]\r\nCOPYRIGHT=old\r\nTIME=\r\nCITY=\r\nTEMP=1.0\r\n"));
     EXPECT_FALSE(written.contains("COPYRIGHTURL"));
 }
 
 TEST_F(WeatherOutput, KeepsOtherWritersKeys)
 {
-    SetContents(path, "; note\n[weather]\nTEMP = 5\nOwn=1\n\n[Other]\nx=y");
+    folder.Write("Weather3.ini", "; note\n[weather]\nTEMP = 5\nOwn=1\n\n[Other]\nx=y");
 
     SaveWeatherData(file, {.temperatureValue = "61.3 F"}, nullptr, 2024);
 
-    const QByteArray written = Contents(path);
+    const QByteArray written = folder.Bytes("Weather3.ini");
     EXPECT_TRUE(written.startsWith("; note\n[weather]\nTEMP=61.3[SP]F\r\nOwn=1\nTIME=\r\n"));
     EXPECT_TRUE(written.endsWith("PREVMAX=\r\n\n[Other]\nx=y"));
 }
 
 TEST_F(WeatherOutput, ChangesNothingWhereItCannotWrite)
 {
-    ASSERT_TRUE(QDir().mkdir(path)); // a folder in the file's place
+    ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in the file's place
 
     SaveWeatherData(file, {.temperatureValue = "61.3 F"}, &profile, 2024);
 
-    EXPECT_TRUE(QFileInfo(path).isDir());
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
+    EXPECT_TRUE(QFileInfo(file.path).isDir());
+    EXPECT_EQ(QFileInfo(file.path).dir().entryList(QDir::Files | QDir::Hidden).size(), 0);
 }
 
 } // namespace
