@@ -27,7 +27,7 @@ void ReturnLargeBlocks()
 {
 #ifdef __GLIBC__
     constexpr int kLargeBlock = 1024 * 1024;
-    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+    mallopt(M_MMAP_THRESHOLD, kLargeBlock); // NOLINT(concurrency-mt-unsafe): before the thread
 #endif
 }
 
@@ -38,6 +38,12 @@ TransferOptions Completed(TransferOptions options)
     return options;
 }
 
+std::unique_ptr<TransferThread> StartThread(TransferOptions options)
+{
+    ReturnLargeBlocks();
+    return std::make_unique<TransferThread>(Completed(std::move(options)));
+}
+
 TransferResult Refused()
 {
     return {.error = kRefusedUrl, .text = {}, .errorText = u"Not an http or https address"_s};
@@ -45,11 +51,7 @@ TransferResult Refused()
 
 } // namespace
 
-CurlTransfers::CurlTransfers(TransferOptions options)
-    : m_thread(std::make_unique<TransferThread>(Completed(std::move(options))))
-{
-    ReturnLargeBlocks();
-}
+CurlTransfers::CurlTransfers(TransferOptions options) : m_thread(StartThread(std::move(options))) {}
 
 CurlTransfers::~CurlTransfers() = default;
 

@@ -21,7 +21,7 @@ public:
     ~Fetch();
     Q_DISABLE_COPY_MOVE(Fetch)
 
-    [[nodiscard]] const std::shared_ptr<Transfer> &Target() const { return m_transfer; }
+    [[nodiscard]] std::shared_ptr<Transfer> Target() const { return m_transfer; }
     [[nodiscard]] CURL *Easy() const { return m_easy.get(); }
 
     /// Hands the request to libcurl.

@@ -46,38 +46,54 @@ bool GzipReader::IsComplete() const
         || m_stream->state == Stream::State::AfterBody;
 }
 
+/// After a complete member: goes on when another one follows.
+/// @return false when the body is at its end.
+bool GzipReader::BeginNextMember()
+{
+    z_stream &zlib = m_stream->zlib;
+    const bool another = *zlib.next_in == static_cast<Bytef>(kMagic);
+    const bool begun = another && inflateReset(&zlib) == Z_OK;
+    m_stream->state = begun ? Stream::State::InMember : Stream::State::AfterBody;
+    return begun;
+}
+
+/// Unpacks as much as one chunk takes.
+/// @return true when there may be more to come out of the same input.
+bool GzipReader::UnpackOnce(QByteArray &body, qsizetype limit)
+{
+    z_stream &zlib = m_stream->zlib;
+    zlib.next_out = reinterpret_cast<Bytef *>(m_stream->chunk.data());
+    zlib.avail_out = static_cast<uInt>(kChunk);
+    const int status = inflate(&zlib, Z_NO_FLUSH);
+
+    const qsizetype unpacked = qsizetype(kChunk) - qsizetype(zlib.avail_out);
+    body.append(m_stream->chunk.data(), std::min(unpacked, limit + 1 - body.size()));
+    if (status == Z_STREAM_END)
+        m_stream->state = Stream::State::AfterMember;
+    else if (status == Z_OK || status == Z_BUF_ERROR)
+        m_stream->state = Stream::State::InMember;
+    else
+        m_stream->state = Stream::State::Broken;
+    return status == Z_OK && zlib.avail_out == 0;
+}
+
 bool GzipReader::Feed(QByteArrayView bytes, QByteArray &body, qsizetype limit)
 {
     using State = Stream::State;
     z_stream &zlib = m_stream->zlib;
-    State &state = m_stream->state;
     QByteArray input = bytes.toByteArray(); // zlib wants it writable; a chunk is 16 KiB at most
     zlib.next_in = reinterpret_cast<Bytef *>(input.data());
     zlib.avail_in = static_cast<uInt>(input.size());
 
-    // What is unpacked may still wait inside zlib when all input is taken: then the output was
-    // full.
-    bool outputWasFull = false;
-    while ((zlib.avail_in > 0 || outputWasFull) && body.size() <= limit) {
-        if (state == State::Broken)
+    bool mayHoldMore = false;
+    while ((zlib.avail_in > 0 || mayHoldMore) && body.size() <= limit) {
+        if (m_stream->state == State::Broken)
             return false;
-        if (state == State::AfterMember) {
-            const bool another = *zlib.next_in == static_cast<Bytef>(kMagic);
-            state = another && inflateReset(&zlib) == Z_OK ? State::InMember : State::AfterBody;
-        }
-        if (state == State::AfterBody)
-            break;
-
-        zlib.next_out = reinterpret_cast<Bytef *>(m_stream->chunk.data());
-        zlib.avail_out = static_cast<uInt>(kChunk);
-        const int status = inflate(&zlib, Z_NO_FLUSH);
-        outputWasFull = zlib.avail_out == 0 && status == Z_OK;
-        const qsizetype unpacked = qsizetype(kChunk) - qsizetype(zlib.avail_out);
-        body.append(m_stream->chunk.data(), std::min(unpacked, limit + 1 - body.size()));
-        if (status == Z_STREAM_END)
-            state = State::AfterMember;
-        else
-            state = status == Z_OK || status == Z_BUF_ERROR ? State::InMember : State::Broken;
+        if (m_stream->state == State::AfterMember && !BeginNextMember())
+            return true;
+        if (m_stream->state == State::AfterBody)
+            return true;
+        mayHoldMore = UnpackOnce(body, limit);
     }
-    return state != State::Broken;
+    return m_stream->state != State::Broken;
 }

@@ -26,5 +26,9 @@ public:
 
 private:
     struct Stream;
+
+    [[nodiscard]] bool BeginNextMember();
+    [[nodiscard]] bool UnpackOnce(QByteArray &body, qsizetype limit);
+
     std::unique_ptr<Stream> m_stream;
 };

@@ -1,13 +1,13 @@
-#include <gtest/gtest.h>
+#include <QtGlobal>
 
-#include <cstdlib>
+#include <gtest/gtest.h>
 
 int main(int argc, char *argv[])
 {
     // Nothing may leave this machine through a proxy of the one who runs the tests.
     for (const char *name : {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY",
                              "no_proxy", "NO_PROXY", "TAVRIN_CONTACT"})
-        unsetenv(name);
+        qunsetenv(name);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -14,6 +14,8 @@ namespace {
 
 using Connection = LoopbackConnection;
 
+constexpr size_t kLimit = 16777216; // 16 MiB
+
 std::string Gzip(std::string text)
 {
     z_stream zlib = {};
@@ -45,7 +47,7 @@ Outcome GetPacked(const std::string &body, const TransferOptions &options = {},
 
 TEST(TransferLimits, TakesABodyOfExactlyTheLimit)
 {
-    const std::string body(16 * 1024 * 1024, 'x');
+    const std::string body(kLimit, 'x');
 
     const Outcome outcome = GetScripted(
         [&body](Connection &connection, const std::string &) { connection.Reply(body); });
@@ -57,7 +59,7 @@ TEST(TransferLimits, TakesABodyOfExactlyTheLimit)
 
 TEST(TransferLimits, RefusesOneByteMore)
 {
-    const std::string body(16 * 1024 * 1024 + 1, 'x');
+    const std::string body(kLimit + 1, 'x');
 
     ExpectFailed(GetScripted([&body](Connection &connection, const std::string &) {
                      connection.Reply(body);
@@ -171,7 +173,7 @@ TEST(TransferLimits, CountsTheBodyAfterUnpacking)
 
 TEST(TransferLimits, StopsAGzipBomb)
 {
-    const std::string bomb = Gzip(std::string(64 * 1024 * 1024, '\0'));
+    const std::string bomb = Gzip(std::string(4 * kLimit, '\0'));
 
     ExpectFailed(GetPacked(bomb), "Maximum file size exceeded");
 }

@@ -115,6 +115,24 @@ TEST_F(TransferTls, FollowsFromHttpsToHttps)
     ExpectReceived(Get(server.Url("/old"), Trusting()), u"arrived");
 }
 
+TEST_F(TransferTls, OffersHttp2)
+{
+    std::string offered; // written by the server's thread, read after the server is gone
+    const auto note = [](SSL *, const unsigned char **, unsigned char *, const unsigned char *names,
+                         unsigned size, void *result) {
+        static_cast<std::string *>(result)->assign(reinterpret_cast<const char *>(names), size);
+        return SSL_TLSEXT_ERR_NOACK;
+    };
+    SSL_CTX_set_alpn_select_cb(m_certificates.ServerContext(), note, &offered);
+    {
+        const LoopbackServer server(SayHello, m_certificates.ServerContext());
+        ExpectReceived(Get(server.Url(), Trusting()), u"hello");
+    }
+
+    EXPECT_NE(offered.find("\x02h2"), std::string::npos);
+    EXPECT_NE(offered.find("\x08http/1.1"), std::string::npos);
+}
+
 TEST_F(TransferTls, EndsQuietlyWhenTheServerIsGone)
 {
     CurlTransfers transfers(Trusting());

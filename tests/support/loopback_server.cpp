@@ -90,7 +90,7 @@ std::string LoopbackConnection::ReadHead()
     for (;;) {
         const size_t end = m_received.find("\r\n\r\n");
         if (end != std::string::npos) {
-            const std::string head = m_received.substr(0, end + 4);
+            std::string head = m_received.substr(0, end + 4);
             m_received.erase(0, end + 4);
             return head;
         }

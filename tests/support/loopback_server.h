@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <atomic>
 #include <condition_variable>
 #include <functional>
@@ -19,8 +21,7 @@ class LoopbackConnection
 public:
     LoopbackConnection(int socket, int stopSignal, ssl_ctx_st *tls);
     ~LoopbackConnection();
-    LoopbackConnection(const LoopbackConnection &) = delete;
-    LoopbackConnection &operator=(const LoopbackConnection &) = delete;
+    Q_DISABLE_COPY_MOVE(LoopbackConnection)
 
     /// Reads one request's head; empty when the connection ended or the server stops.
     [[nodiscard]] std::string ReadHead();
@@ -69,8 +70,7 @@ public:
     /// @param tls null: plain http; else https with this context, which outlives the server.
     explicit LoopbackServer(Script script, ssl_ctx_st *tls = nullptr);
     ~LoopbackServer();
-    LoopbackServer(const LoopbackServer &) = delete;
-    LoopbackServer &operator=(const LoopbackServer &) = delete;
+    Q_DISABLE_COPY_MOVE(LoopbackServer)
 
     [[nodiscard]] int Port() const { return m_port; }
     [[nodiscard]] std::string Url(const std::string &path = "/") const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <string>
 
 /// While one of these lives, looking up any name that ends in ".silent.test" takes until the
@@ -12,8 +14,7 @@ class SilentNameServer
 public:
     SilentNameServer();
     ~SilentNameServer();
-    SilentNameServer(const SilentNameServer &) = delete;
-    SilentNameServer &operator=(const SilentNameServer &) = delete;
+    Q_DISABLE_COPY_MOVE(SilentNameServer)
 
     [[nodiscard]] static int Waiting(); ///< Look-ups that wait at this moment.
     [[nodiscard]] static std::string Url() { return "http://host.silent.test/"; }
