@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -27,14 +28,30 @@ struct Escape
     QChar character;
 };
 
-constexpr Escape kSpace{"[SP]"_L1, u' '};
-constexpr Escape kCarriageReturn{"[CR]"_L1, u'\r'};
-constexpr Escape kLineFeed{"[LF]"_L1, u'\n'};
-constexpr Escape kTab{"[TAB]"_L1, u'\t'};
+// In the order of decoding.
+constexpr std::array kEscapes{Escape{"[SP]"_L1, u' '}, Escape{"[CR]"_L1, u'\r'},
+                              Escape{"[LF]"_L1, u'\n'}, Escape{"[TAB]"_L1, u'\t'}};
 
-// Each way has its own order.
-constexpr std::array kDecodingOrder{kSpace, kCarriageReturn, kLineFeed, kTab};
-constexpr std::array kEncodingOrder{kSpace, kTab, kLineFeed, kCarriageReturn};
+/// Goes over the text once: a value may be as long as a whole reply, and the order of the escapes
+/// makes no difference here, because no token holds a character that another one stands for.
+QString WithTokens(QStringView text)
+{
+    QString encoded;
+    encoded.reserve(text.size() + text.size() / 2);
+    qsizetype plain = 0; // begin of what needs no token
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] > u' ')
+            continue;
+        const auto *const escape =
+            std::find_if(kEscapes.begin(), kEscapes.end(),
+                         [c = text[i]](const Escape &e) { return e.character == c; });
+        if (escape == kEscapes.end())
+            continue;
+        encoded.append(text.sliced(plain, i - plain)).append(escape->token);
+        plain = i + 1;
+    }
+    return encoded.append(text.sliced(plain));
+}
 
 constexpr int kMaxLinks = 40; // as many as the system itself follows
 
@@ -121,7 +138,7 @@ QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
 {
     const QString stored = file.Profile().Value(section, key, fallback);
     QString value = TrimSpaces(stored).toString();
-    for (const Escape &escape : kDecodingOrder)
+    for (const Escape &escape : kEscapes)
         value.replace(escape.token, QString(escape.character));
     return value;
 }
@@ -129,10 +146,6 @@ QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
 void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
                    bool encode)
 {
-    QString text = value.toString();
-    if (encode) {
-        for (const Escape &escape : kEncodingOrder)
-            text.replace(escape.character, escape.token);
-    }
+    const QString text = encode ? WithTokens(value) : value.toString();
     file.Profile().SetValue(section, key, TrimSpaces(text));
 }

@@ -7,6 +7,7 @@
 #include <QStringEncoder>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -53,13 +54,28 @@ QStringView TrimBlanks(QStringView text)
     return text;
 }
 
-/// Length of the first line of a text that is not empty, with its line end.
-qsizetype LineLength(QStringView text)
+/// Takes a text apart into lines with their line ends.
+QStringList SplitLines(QStringView text)
 {
-    const auto end = std::find_if(text.begin(), text.end(), IsLineEnd) - text.begin();
-    if (end == text.size())
-        return end;
-    return text.sliced(end).startsWith(kLineEnd) ? end + 2 : end + 1;
+    const auto next = [text](QChar c, qsizetype from) {
+        const qsizetype found = text.indexOf(c, from);
+        return found < 0 ? text.size() : found;
+    };
+    QStringList lines;
+    qsizetype carriageReturn = next(u'\r', 0);
+    qsizetype lineFeed = next(u'\n', 0);
+    for (qsizetype begin = 0; begin < text.size();) {
+        if (carriageReturn < begin)
+            carriageReturn = next(u'\r', begin);
+        if (lineFeed < begin)
+            lineFeed = next(u'\n', begin);
+        const qsizetype last =
+            lineFeed == carriageReturn + 1 ? lineFeed : std::min(carriageReturn, lineFeed);
+        const qsizetype end = std::min(last + 1, text.size());
+        lines.append(text.sliced(begin, end - begin).toString());
+        begin = end;
+    }
+    return lines;
 }
 
 QStringView WithoutLineEnd(QStringView line)
@@ -74,6 +90,28 @@ QStringView HeaderName(QStringView line)
 {
     const qsizetype close = line.indexOf(u']');
     return TrimBlanks(close < 0 ? line.sliced(1) : line.sliced(1, close - 1));
+}
+
+/// A line that is a key line: what stands on both sides of the "=".
+struct KeyText
+{
+    QStringView name = {};
+    QStringView value = {}; ///< Without blanks at the ends, quotes included.
+};
+
+/// `line` is neither empty nor a comment nor a header, and has no blanks at the ends.
+std::optional<KeyText> KeyTextOf(QStringView line)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    if (equals < 0)
+        return std::nullopt;
+    return KeyText{TrimBlanks(line.first(equals)), TrimBlanks(line.sliced(equals + 1))};
+}
+
+/// The same for a line that is known to be a key line.
+KeyText KnownKeyText(QStringView line)
+{
+    return KeyTextOf(TrimBlanks(WithoutLineEnd(line))).value_or(KeyText());
 }
 
 /// The first 4095 characters; a surrogate pair is not cut in two.
@@ -110,16 +148,7 @@ QString FromUtf8(QStringView units)
 /// One unit for each byte; half a surrogate pair, which has no UTF-8 form, becomes "?".
 QString ToUtf8(QStringView text)
 {
-    QString whole = text.toString();
-    for (qsizetype i = 0; i < whole.size(); ++i) {
-        if (!whole[i].isSurrogate())
-            continue;
-        if (whole[i].isHighSurrogate() && i + 1 < whole.size() && whole[i + 1].isLowSurrogate())
-            ++i;
-        else
-            whole[i] = u'?';
-    }
-    return QString::fromLatin1(whole.toUtf8());
+    return QString::fromLatin1(text.toUtf8());
 }
 
 QString FromUtf16Le(QByteArrayView bytes)
@@ -151,26 +180,27 @@ PrivateProfile::PrivateProfile(const QByteArray &bytes, CodePage codePage) : m_c
         m_mark = kUtf16Mark.toByteArray();
         rest = rest.sliced(m_mark.size());
         m_stray = rest.last(rest.size() % 2).toByteArray();
-        m_units = FromUtf16Le(rest);
+        m_lines = SplitLines(FromUtf16Le(rest));
     } else if (codePage == CodePage::Windows1252) {
         m_encoding = Encoding::Windows1252;
-        m_units = QString::fromLatin1(rest);
+        m_lines = SplitLines(QString::fromLatin1(rest));
     } else {
         if (rest.startsWith(kUtf8Mark))
             m_mark = kUtf8Mark.toByteArray();
         rest = rest.sliced(m_mark.size());
         m_encoding = rest.isValidUtf8() ? Encoding::Utf8 : Encoding::Windows1252;
-        m_units = QString::fromLatin1(rest);
+        m_lines = SplitLines(QString::fromLatin1(rest));
     }
     Index();
 }
 
 QString PrivateProfile::Value(QStringView section, QStringView key, QStringView fallback) const
 {
-    const KeyLine *line = Find(section, key);
-    if (line != nullptr)
-        return UpToLongest(Decoded(WithoutQuotePair(Units(line->value)))).toString();
-
+    const qsizetype line = FindLine(section, key);
+    if (line >= 0) {
+        const QStringView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
+        return UpToLongest(Decoded(WithoutQuotePair(stored))).toString();
+    }
     fallback = UpToNul(fallback);
     while (fallback.endsWith(u' '))
         fallback.chop(1);
@@ -180,98 +210,78 @@ QString PrivateProfile::Value(QStringView section, QStringView key, QStringView 
 void PrivateProfile::SetValue(QStringView section, QStringView key, QStringView value)
 {
     const QString newValue = Encoded(UpToNul(value));
-    if (const KeyLine *line = Find(section, key)) {
-        if (Units(line->value) == newValue)
+    const qsizetype line = FindLine(section, key);
+    if (line >= 0) {
+        const KeyText present = KnownKeyText(m_lines[line]);
+        if (TrimBlanks(UpToNul(present.value)) == newValue)
             return;
-        const Range at = line->line;
-        const QString text = Units(line->name).toString() + u'=' + newValue + kLineEnd;
-        m_units.replace(at.begin, at.end - at.begin, text);
-        Index();
+        const QString text = present.name.toString() + u'=' + newValue + kLineEnd;
+        m_lines.removeAt(line);
+        InsertLines(line, text);
         return;
     }
 
-    QString text = Encoded(TrimSpaces(UpToNul(key))) + u'=' + newValue + kLineEnd;
-    qsizetype at = m_units.size();
+    const QString text = Encoded(TrimSpaces(UpToNul(key))) + u'=' + newValue + kLineEnd;
     const auto found = m_sections.constFind(AskedName(section));
-    if (found != m_sections.constEnd())
-        at = found->newKeyAt;
-    else
-        text.prepend(u'[' + Encoded(TrimSpaces(UpToNul(section))) + u']' + kLineEnd);
-
-    // A file that holds nothing but a mark has a first line without an end, too.
-    const bool open = at > 0 ? !IsLineEnd(m_units[at - 1]) : !m_mark.isEmpty();
-    if (open)
-        text.prepend(kLineEnd);
-    m_units.insert(at, text);
-    Index();
+    if (found != m_sections.constEnd()) {
+        InsertLines(found->newKeyAt, text);
+        return;
+    }
+    const QString header = u'[' + Encoded(TrimSpaces(UpToNul(section))) + u']' + kLineEnd;
+    InsertLines(m_lines.size(), header + text);
 }
 
 QByteArray PrivateProfile::Bytes() const
 {
-    if (m_encoding == Encoding::Utf16Le)
-        return m_mark + ToUtf16Le(m_units) + m_stray;
-    return m_mark + m_units.toLatin1();
+    QByteArray bytes = m_mark;
+    for (const QString &line : m_lines)
+        bytes += m_encoding == Encoding::Utf16Le ? ToUtf16Le(line) : line.toLatin1();
+    return bytes + m_stray;
 }
 
-/// Takes the text apart into lines and notes the sections and keys that count.
+/// Notes the sections and keys that count. It looks at the beginning and end of each line only, so
+/// long values cost nothing.
 void PrivateProfile::Index()
 {
     m_sections.clear();
     Section ignored; // takes the keys ahead of the first header, and those of repeated sections
     Section *current = &ignored;
-    for (QStringView rest = m_units; !rest.isEmpty();) {
-        const QStringView line = rest.first(LineLength(rest));
-        rest = rest.sliced(line.size());
-
-        const QStringView text = TrimBlanks(WithoutLineEnd(line));
+    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+        const QStringView text = TrimBlanks(WithoutLineEnd(m_lines[i]));
         if (text.isEmpty() || text.front() == u';')
             continue;
-        if (text.front() != u'[') {
-            IndexKey(*current, line, text);
-            continue;
+        if (text.front() == u'[') {
+            const QString name = LookupName(HeaderName(text));
+            current = m_sections.contains(name) ? &ignored : &m_sections[name];
+            current->newKeyAt = i + 1;
+        } else if (const auto keyText = KeyTextOf(text)) {
+            current->newKeyAt = i + 1;
+            const QString name = LookupName(keyText->name);
+            if (!current->keys.contains(name))
+                current->keys.insert(name, i);
         }
-        const QString name = LookupName(HeaderName(text));
-        current = m_sections.contains(name) ? &ignored : &m_sections[name];
-        current->newKeyAt = RangeOf(line).end;
     }
 }
 
-/// Notes `text`, the trimmed `line`, if it is a key line.
-void PrivateProfile::IndexKey(Section &section, QStringView line, QStringView text)
+/// The line of a key, -1 when there is none.
+qsizetype PrivateProfile::FindLine(QStringView section, QStringView key) const
 {
-    const qsizetype equals = text.indexOf(u'=');
-    if (equals < 0)
-        return;
-    section.newKeyAt = RangeOf(line).end;
-    const QStringView name = TrimBlanks(text.first(equals));
-    const QString lookupName = LookupName(name);
-    if (section.keys.contains(lookupName))
-        return;
-    // Whoever hands a value over ends it at its first NUL.
-    const QStringView value = TrimBlanks(UpToNul(text.sliced(equals + 1)));
-    section.keys.insert(lookupName,
-                        {.line = RangeOf(line), .name = RangeOf(name), .value = RangeOf(value)});
+    const auto found = m_sections.constFind(AskedName(section));
+    return found == m_sections.constEnd() ? -1 : found->keys.value(AskedName(key), -1);
 }
 
-const PrivateProfile::KeyLine *PrivateProfile::Find(QStringView section, QStringView key) const
+/// Puts whole lines ahead of the line `at`, and ends the line in front of them if it is open.
+void PrivateProfile::InsertLines(qsizetype at, QStringView text)
 {
-    const auto foundSection = m_sections.constFind(AskedName(section));
-    if (foundSection == m_sections.constEnd())
-        return nullptr;
-    const auto foundKey = foundSection->keys.constFind(AskedName(key));
-    return foundKey == foundSection->keys.constEnd() ? nullptr : &*foundKey;
-}
+    // A file that holds nothing but a mark has a first line without an end, too.
+    if (at > 0 && !IsLineEnd(m_lines[at - 1].back()))
+        m_lines[at - 1] += kLineEnd;
+    else if (at == 0 && !m_mark.isEmpty())
+        m_lines.insert(at++, kLineEnd);
 
-/// Where `part`, a view into the units, lies in them.
-PrivateProfile::Range PrivateProfile::RangeOf(QStringView part) const
-{
-    const qsizetype begin = part.begin() - QStringView(m_units).begin();
-    return {begin, begin + part.size()};
-}
-
-QStringView PrivateProfile::Units(Range range) const
-{
-    return QStringView(m_units).sliced(range.begin, range.end - range.begin);
+    for (const QString &line : SplitLines(text))
+        m_lines.insert(at++, line);
+    Index();
 }
 
 QString PrivateProfile::Decoded(QStringView units) const

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 /// How the bytes of the program's INI files stand for characters.
@@ -45,34 +46,17 @@ private:
         Utf16Le
     };
 
-    /// A part of m_units: [begin, end).
-    struct Range
-    {
-        qsizetype begin = 0;
-        qsizetype end = 0;
-    };
-
-    /// The first key line of its name in a section that counts.
-    struct KeyLine
-    {
-        Range line = {}; ///< With its line end.
-        Range name = {};
-        Range value = {}; ///< Without blanks at the ends, quotes included.
-    };
-
     /// The first section of its name.
     struct Section
     {
-        qsizetype newKeyAt = 0; ///< Behind the last key line, or behind the header.
-        QHash<QString, KeyLine> keys = {};
+        qsizetype newKeyAt = 0; ///< The line behind the last key line, or behind the header.
+        QHash<QString, qsizetype> keys = {}; ///< Line of the first key of each name.
     };
 
     void Index();
-    void IndexKey(Section &section, QStringView line, QStringView text);
-    [[nodiscard]] const KeyLine *Find(QStringView section, QStringView key) const;
+    [[nodiscard]] qsizetype FindLine(QStringView section, QStringView key) const;
+    void InsertLines(qsizetype at, QStringView text);
 
-    [[nodiscard]] Range RangeOf(QStringView part) const;
-    [[nodiscard]] QStringView Units(Range range) const;
     [[nodiscard]] QString Decoded(QStringView units) const;
     [[nodiscard]] QString Encoded(QStringView text) const;
     [[nodiscard]] QString InCodePage(QStringView text) const;
@@ -82,10 +66,11 @@ private:
     CodePage m_codePage;
     Encoding m_encoding = Encoding::Utf8;
     QByteArray m_mark = {}; ///< Byte order mark, kept in front of everything.
-    /// The text in the file's own units: one per byte, or one per 16-bit character of a UTF-16
-    /// file. Line ends, blanks, "=" and brackets are single units in all encodings, so the rules of
-    /// the format work on units, and only the names and values that are asked for are decoded.
-    QString m_units = {};
+    /// The lines with their line ends, in the file's own units: one per byte, or one per 16-bit
+    /// character of a UTF-16 file. Line ends, blanks, "=" and brackets are single units in all
+    /// encodings, so the rules of the format work on units, and only the names and values that are
+    /// asked for are decoded.
+    QStringList m_lines = {};
     QByteArray m_stray = {}; ///< The last byte of a UTF-16 file of odd length, kept at the end.
     QHash<QString, Section> m_sections = {}; ///< By name in folded case, as the keys in them.
 };
