@@ -148,9 +148,9 @@ TEST(ProfileWindows1252, ValidUtf8IsStillReadByteForByte)
     PrivateProfile profile("[S]\nk=\xC2\xB0\n", kAnsi);
     EXPECT_EQ(profile.Value(u"S", u"k", u""), u"\u00C2\u00B0"_s);
 
-    profile.SetValue(u"S", u"d", u"\u00B0");
+    profile.SetValue(u"S", u"z", u"\u00B0");
 
-    EXPECT_EQ(profile.Bytes(), QByteArray("[S]\nk=\xC2\xB0\nd=\xB0\r\n"));
+    EXPECT_EQ(profile.Bytes(), QByteArray("[S]\nk=\xC2\xB0\nz=\xB0\r\n"));
 }
 
 TEST(ProfileWindows1252, UndefinedCodesPassBothWays)
