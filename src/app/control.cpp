@@ -36,6 +36,12 @@ void SetBold(QWidget *control, bool bold)
     control->setFont(font);
 }
 
+QString PlainToolTip(const QString &text)
+{
+    constexpr qsizetype kLongest = 1000; // a tool tip has to fit on the screen
+    return u"<p>"_s + text.left(kLongest).toHtmlEscaped() + u"</p>"_s;
+}
+
 void WhenFocusIsLost(QWidget *control, std::function<void()> left)
 {
     new FocusWatch(control, std::move(left)); // owned by the control

@@ -25,6 +25,9 @@ template <typename Control, typename... Args>
 /// Makes the control's font bold or not.
 void SetBold(QWidget *control, bool bold);
 
+/// `text` as a tool tip that shows it literally, whatever it holds, in lines of a handy length.
+[[nodiscard]] QString PlainToolTip(const QString &text);
+
 /// Calls `left` whenever `control` loses the keyboard focus, edited or not.
 void WhenFocusIsLost(QWidget *control, std::function<void()> left);
 

@@ -1,12 +1,12 @@
 #include "app/elided_label.h"
 
+#include "app/control.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QTextLayout>
 #include <QToolTip>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,9 +34,8 @@ QSize ElidedLabel::minimumSizeHint() const
 bool ElidedLabel::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
-        // Escaped and as a paragraph: nothing in it is markup, and it is wrapped.
-        const QString all = u"<p>"_s + text().left(kLongestLaidOut).toHtmlEscaped() + u"</p>"_s;
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), all, this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), PlainToolTip(text()),
+                           this);
         return true;
     }
     return QLabel::event(event);

@@ -98,7 +98,8 @@ void PageControls::BuildForecastPage(QGroupBox *page)
     lblForecastCopyright = MakeControl<ElidedLabel>(page, u"lblForecastCopyright"_s, 2);
     lblForecastCopyright->setText(u"Public domain sources at U.S. National Weather Services."_s);
     lblForecastCopyright->hide();
-    lblNextForecastCheck = MakeControl<QLabel>(page, u"lblNextForecastCheck"_s, u"Loading..."_s);
+    lblNextForecastCheck = MakeControl<ElidedLabel>(page, u"lblNextForecastCheck"_s, 2);
+    lblNextForecastCheck->setText(u"Loading..."_s);
     btnGetForecast = MakeControl<QPushButton>(page, u"btnGetForecast"_s, u"Get Forecast Now"_s);
     for (QPushButton *button : {btnSelectNOAAZone, btnGetForecast}) {
         button->setEnabled(false);

@@ -70,7 +70,7 @@ struct PageControls
     ElidedLabel *lblDisclaimer1 = nullptr;
     ElidedLabel *lblWeatherCopyright = nullptr;
     ElidedLabel *lblStatus = nullptr;
-    QLabel *lblNextWeatherCheck = nullptr;
+    ElidedLabel *lblNextWeatherCheck = nullptr;
     QPushButton *btnGetWeather = nullptr;
     QPushButton *btnWeatherSettings = nullptr;
     QPushButton *btnShowRaw = nullptr;
@@ -93,7 +93,7 @@ struct PageControls
     QPushButton *btnSelectNOAAZone = nullptr;
     QPushButton *btnGetForecast = nullptr;
     QPlainTextEdit *txtForecast = nullptr;
-    QLabel *lblNextForecastCheck = nullptr;
+    ElidedLabel *lblNextForecastCheck = nullptr;
     ElidedLabel *lblDisclaimer2 = nullptr;
     ElidedLabel *lblForecastCopyright = nullptr;
 

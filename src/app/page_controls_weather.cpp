@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kGap = 3;
+constexpr int kRowGap = 5;
 constexpr int kColumns = 4;  // title, box, title, box
 constexpr int kWideRows = 4; // location, time, conditions and wind need the whole width
 
@@ -37,7 +38,7 @@ constexpr int kDoneHeight = Twips(420);
 void PageControls::BuildWeatherPage(QGroupBox *page)
 {
     auto *rows = new QGridLayout;
-    rows->setVerticalSpacing(kGap);
+    rows->setVerticalSpacing(kRowGap);
     rows->setHorizontalSpacing(kMargin);
     btnGetWeather = MakeControl<QPushButton>(page, u"btnGetWeather"_s, u"&Get Weather Now"_s);
     btnWeatherSettings =
@@ -52,7 +53,8 @@ void PageControls::BuildWeatherPage(QGroupBox *page)
     lblWeatherCopyright->hide();
     lblStatus = MakeControl<ElidedLabel>(page, u"lblStatus"_s, 2);
     lblStatus->setText(u"Loading..."_s);
-    lblNextWeatherCheck = MakeControl<QLabel>(page, u"lblNextWeatherCheck"_s, u"Loading..."_s);
+    lblNextWeatherCheck = MakeControl<ElidedLabel>(page, u"lblNextWeatherCheck"_s, 1);
+    lblNextWeatherCheck->setText(u"Loading..."_s);
 
     auto *notices = new QGridLayout; // the two take turns in one place
     notices->addWidget(lblDisclaimer1, 0, 0);

@@ -1,5 +1,11 @@
 #include "app/raw_text_box.h"
 
+#include <QTextCursor>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
 namespace {
 
 constexpr qsizetype kLongestLine = 2000; // a line is laid out as a whole
@@ -9,22 +15,33 @@ bool IsLineEnd(QChar character)
     return character == u'\n' || character == u'\r';
 }
 
+/// The next piece of the text; a pair of CR and LF stays together.
+QStringView NextPiece(QStringView text, qsizetype length)
+{
+    QStringView piece = text.first(qMin(length, text.size()));
+    if (piece.size() > 1 && piece.size() < text.size() && piece.endsWith(u'\r'))
+        piece.chop(1);
+    return piece;
+}
+
 } // namespace
 
-QString WithShortLines(const QString &text, qsizetype width)
+QString WithShortLines(QStringView text, qsizetype width)
 {
     QString broken;
     broken.reserve(text.size() + text.size() / width);
+    qsizetype copied = 0;
     qsizetype lineStart = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (IsLineEnd(text[i])) {
             lineStart = i + 1;
         } else if (i - lineStart == width) {
-            broken.append(u'\n');
+            broken.append(text.sliced(copied, i - copied)).append(u'\n');
+            copied = i;
             lineStart = i;
         }
-        broken.append(text[i]);
     }
+    broken.append(text.sliced(copied));
     return broken;
 }
 
@@ -33,6 +50,8 @@ RawTextBox::RawTextBox(QWidget *parent) : QPlainTextEdit(parent)
     setReadOnly(true);
     setUndoRedoEnabled(false); // or every reply would be kept for an undo
     setTabChangesFocus(true);
+    m_more.setInterval(20ms); // leaves the event loop to others in between
+    connect(&m_more, &QTimer::timeout, this, &RawTextBox::LayOutMore);
 }
 
 void RawTextBox::SetText(const QString &text)
@@ -51,10 +70,25 @@ void RawTextBox::showEvent(QShowEvent *event)
 void RawTextBox::hideEvent(QHideEvent *event)
 {
     QPlainTextEdit::hideEvent(event);
+    m_more.stop();
     clear();
 }
 
 void RawTextBox::LayOut()
 {
-    setPlainText(WithShortLines(m_text, kLongestLine));
+    clear();
+    m_laidOut = 0;
+    m_more.start();
+    LayOutMore();
+}
+
+void RawTextBox::LayOutMore()
+{
+    const QStringView piece = NextPiece(QStringView(m_text).sliced(m_laidOut), kPiece);
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(WithShortLines(piece, kLongestLine));
+    m_laidOut += piece.size();
+    if (m_laidOut == m_text.size())
+        m_more.stop();
 }

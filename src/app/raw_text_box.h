@@ -1,19 +1,24 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
-/// Reply text with a line break after every `width` characters that have none.
-[[nodiscard]] QString WithShortLines(const QString &text, qsizetype width);
+/// `text` with a line break wherever a line would become longer than `width` characters.
+[[nodiscard]] QString WithShortLines(QStringView text, qsizetype width);
 
 /// A read-only box for a service's reply of any length.
 ///
-/// The text is kept as it is and laid out only while the box is on the screen: laying out megabytes
-/// would hold up the timers that drive the program, for a box that is hardly ever looked at.
+/// The text is kept as it is and laid out only while the box is on the screen, a piece at a time:
+/// laying out megabytes at once would hold up the timers that drive the program, for a box that is
+/// hardly ever looked at.
 class RawTextBox final : public QPlainTextEdit
 {
     Q_OBJECT
 
 public:
+    /// Characters that are laid out at once; the first piece is there at once, too.
+    static constexpr qsizetype kPiece = 128 * 1024;
+
     explicit RawTextBox(QWidget *parent);
 
     void SetText(const QString &text);
@@ -25,6 +30,9 @@ protected:
 
 private:
     void LayOut();
+    void LayOutMore();
 
     QString m_text;
+    qsizetype m_laidOut = 0; ///< Characters of m_text that are in the document.
+    QTimer m_more;           ///< Runs while there is more to lay out.
 };

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QPushButton>
-#include <QStyleOptionButton>
-#include <QStylePainter>
 
 /// A button that chooses a page. The one of the current page is disabled, but not greyed: it is the
-/// page's title.
+/// page's title. A caption too wide for the fixed width is drawn narrower.
 class TabButton final : public QPushButton
 {
     Q_OBJECT
@@ -14,12 +12,5 @@ public:
     using QPushButton::QPushButton;
 
 protected:
-    void paintEvent(QPaintEvent * /*event*/) override
-    {
-        QStyleOptionButton option;
-        initStyleOption(&option);
-        option.state |= QStyle::State_Enabled;
-        option.palette.setCurrentColorGroup(QPalette::Active);
-        QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
-    }
+    void paintEvent(QPaintEvent *event) override;
 };

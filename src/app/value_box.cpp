@@ -1,8 +1,13 @@
 #include "app/value_box.h"
 
+#include "app/control.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
 namespace {
 
-constexpr int kFrame = 4;     // above and below the text together
+constexpr int kFrame = 5;     // above and below the text together
 constexpr int kMinWidth = 40; // narrower is no use to anyone
 
 } // namespace
@@ -27,4 +32,14 @@ QSize ValueBox::sizeHint() const
 QSize ValueBox::minimumSizeHint() const
 {
     return {kMinWidth, sizeHint().height()};
+}
+
+bool ValueBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && !m_value.isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), PlainToolTip(m_value),
+                           this);
+        return true;
+    }
+    return QLineEdit::event(event);
 }

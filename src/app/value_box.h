@@ -5,7 +5,8 @@
 /// A read-only box for one value of any length.
 ///
 /// A line edit cuts at 32,767 characters and takes seconds to lay out a long text; what is shown
-/// here is written to a file, so the box keeps the whole value and shows its beginning only.
+/// here is written to a file, so the box keeps the whole value and shows its beginning only;
+/// the tool tip shows more of it.
 class ValueBox final : public QLineEdit
 {
     Q_OBJECT
@@ -21,6 +22,9 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *event) override;
 
 private:
     QString m_value;

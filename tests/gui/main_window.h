@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/frm_main.h"
+#include "support/fake_transfers.h"
+#include "support/fixed_clock.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+#include <memory>
+
+/// The main window in a folder of its own, with transfers and a clock that the test moves.
+class MainWindow
+{
+public:
+    MainWindow() { state.files.folder = m_folder.path(); }
+
+    /// Makes the window and brings it up.
+    std::optional<QString> Start(const QString &command = {})
+    {
+        window = std::make_unique<frmMain>(
+            state, platform, [this](QWidget *, const QString &title, const QString &text) {
+                questions.append(title + u": " + text);
+                return answer;
+            });
+        return window->Form_Load(command);
+    }
+
+    /// Ends the program and starts it again in the same folder.
+    std::optional<QString> Restart(const QString &command = {})
+    {
+        window->Unload(UnloadMode::Code);
+        window.reset();
+        const QString folder = state.files.folder;
+        state = {};
+        state.files.folder = folder;
+        return Start(command);
+    }
+
+    void Write(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(Path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qUtf8Printable(name));
+    }
+
+    [[nodiscard]] QByteArray Read(const QString &name) const
+    {
+        QFile file(Path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+    }
+
+    /// The value of `key` as the program reads it.
+    [[nodiscard]] QString Value(const QString &name, QStringView section, QStringView key) const
+    {
+        return ReadIniValue(IniFile({Path(name), state.files.codePage}), section, key, u"missing");
+    }
+
+    [[nodiscard]] bool Exists(const QString &name) const { return QFile::exists(Path(name)); }
+    [[nodiscard]] QString Path(const QString &name) const { return m_folder.filePath(name); }
+
+    template <typename Control = QWidget>
+    [[nodiscard]] Control *Find(const QString &name) const
+    {
+        auto *control = window->findChild<Control *>(name);
+        if (control == nullptr)
+            qFatal("no control %s", qUtf8Printable(name));
+        return control;
+    }
+
+    /// What a label or a box shows.
+    [[nodiscard]] QString Text(const QString &name) const
+    {
+        const auto *label = window->findChild<QLabel *>(name);
+        return label != nullptr ? label->text() : Find<QLineEdit>(name)->text();
+    }
+
+    void Type(const QString &name, const QString &text) const
+    {
+        Find<QLineEdit>(name)->setText(text);
+    }
+
+    [[nodiscard]] bool IsShown(const QString &name) const { return !Find(name)->isHidden(); }
+
+    FixedClock clock{QDateTime(QDate(2026, 7, 4), QTime(10, 0))};
+    FakeTransfers http;
+    ProgramState state;
+    Platform platform{clock, http};
+    QStringList questions;
+    bool answer = true;
+    std::unique_ptr<frmMain> window;
+
+private:
+    QTemporaryDir m_folder;
+};

@@ -1,0 +1,443 @@
+#include "support/recorded_trace.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "gui/main_window.h"
+
+namespace {
+
+const QByteArray kTwoProfiles = "[Profile0]\r\ntitle=First\r\nlocation1Title=City\r\n"
+                                "[Profile1]\r\ntitle=Second\r\nlocation1Title=Station\r\n"
+                                "[ForecastProfile0]\r\ncopyright=Forecast (c) %YEAR%\r\n";
+
+/// A close event as the window system sends it when the title bar is used.
+bool CloseAtTitleBar(frmMain &window)
+{
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QCoreApplication::instance()->notify(&window, &event);
+    return event.isAccepted();
+}
+
+} // namespace
+
+/// How the main window comes up, and how it ends.
+class tst_StartUp final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m = std::make_unique<MainWindow>(); }
+    void cleanup() { m.reset(); }
+
+    void tracesItsSteps();
+    void tracesTheProfileListWithoutProfiles();
+    void showsVersionAndClearsTitles();
+    void hasItsClientAreaInPixels();
+    void namesTheSessionInItsCaption();
+    void takesTheDefaultSessionForAnUnknownOne();
+    void takesTheCodePageFromTheCommand();
+    void keepsFilesPerSession();
+    void keepsLocationsAndProfilePerSession();
+    void writesOnlyFirstRunWhenItStarts();
+    void writesEveryKeyWhenItEnds();
+    void showsItselfFirstAndMinimisesLater();
+    void staysShownWhenNotAskedToMinimise();
+    void loadsSettingsIntoItsControls();
+    void keepsAMultiLineLocation();
+    void stopsAtABadCurrentProfile();
+    void takesTheFirstProfileForANumberBeyondTheList();
+    void keepsTheProfileNumberWithoutProfiles();
+    void creditsTheForecastService();
+    void showsAProblemWithItsFolder();
+    void startsWithTheStoredMinimumAndMaximum();
+    void asksAtTheTitleBarOnly();
+    void goesOnWhenTheExitIsRefused();
+    void endsWithoutAQuestion_data();
+    void endsWithoutAQuestion();
+    void savesOnceHoweverItEnds();
+    void alternatesTheNotices();
+
+private:
+    std::unique_ptr<MainWindow> m;
+};
+
+void tst_StartUp::tracesItsSteps()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nFirstRun=False\r\nCurrentProfile=1\r\n");
+    const RecordedTrace trace;
+
+    QVERIFY(!m->Start("/X"));
+
+    const QStringList expected{
+        "Form_Load Point 1",
+        "Command:/X",
+        "0position of \"/SESSION=\"",
+        "len(command) = 2",
+        "Form_Load Point 2",
+        "Form_Load Point 3",
+        "Form_Load Point 4",
+        "Form_Load Point 4.5",
+        "Form_Load Point 5",
+        "Form_Load Point 6",
+        "Form_Load Point 7",
+        "Me.cboSelectedProfile.ListIndex = -1   currentWeatherProfile = 1  "
+        "me.cboSelectedProfile.ListCount = 2",
+        "Me.cboSelectedProfile.ListIndex = 1   currentWeatherProfile = 1  "
+        "me.cboSelectedProfile.ListCount = 2",
+        "Form_Load Point 8",
+        "Form_Load Point 9",
+        "Form_Load Point 10",
+    };
+    QCOMPARE(trace.lines, expected);
+}
+
+void tst_StartUp::tracesTheProfileListWithoutProfiles()
+{
+    const RecordedTrace trace;
+
+    QVERIFY(!m->Start());
+
+    const QString line = "Me.cboSelectedProfile.ListIndex = -1   currentWeatherProfile = -1  "
+                         "me.cboSelectedProfile.ListCount = 0";
+    QCOMPARE(trace.lines.count(line), 2);
+}
+
+void tst_StartUp::showsVersionAndClearsTitles()
+{
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->Text("lblAppVersion"), "Version 1.0.1 - (c) 2026 Tavrin Weather Utility");
+    for (const QString number : {"1", "2", "3", "4"})
+        QCOMPARE(m->Text("lblLocation" + number + "Title"), "");
+}
+
+void tst_StartUp::hasItsClientAreaInPixels()
+{
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->window->size(), QSize(5475 / 15, 6900 / 15));
+    QCOMPARE(m->window->minimumSize(), m->window->maximumSize());
+}
+
+void tst_StartUp::namesTheSessionInItsCaption()
+{
+    QVERIFY(!m->Start("/session=4"));
+
+    QCOMPARE(m->state.files.SessionId, "4");
+    QCOMPARE(m->window->windowTitle(), "Tavrin Weather Utility - Session 4");
+}
+
+void tst_StartUp::takesTheDefaultSessionForAnUnknownOne()
+{
+    QVERIFY(!m->Start("/SESSION=1"));
+
+    QCOMPARE(m->state.files.SessionId, "");
+    QCOMPARE(m->window->windowTitle(), "Tavrin Weather Utility");
+}
+
+void tst_StartUp::takesTheCodePageFromTheCommand()
+{
+    m->Write("TavrinWeatherProfiles.ini", "[Profile0]\r\ntitle=\xC3\xA9\r\n");
+
+    QVERIFY(!m->Start("/CODEPAGE=1252 /SESSION=2"));
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->itemText(0), QString::fromUtf8("Ã©"));
+
+    QVERIFY(!m->Restart());
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->itemText(0), QString::fromUtf8("é"));
+}
+
+void tst_StartUp::keepsFilesPerSession()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    QVERIFY(!m->Start("/SESSION=2"));
+    m->window->SaveWeatherData();
+    m->window->Unload(UnloadMode::Code);
+
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->count(), 2); // from the shared file
+    QVERIFY(m->Exists("TavrinWeatherSettings2.ini"));
+    QVERIFY(m->Exists("TavrinWeatherMinMax2.ini"));
+    QVERIFY(m->Exists("Weather2.ini"));
+    QVERIFY(!m->Exists("TavrinWeatherSettings.ini"));
+    QVERIFY(!m->Exists("TavrinWeatherMinMax.ini"));
+    QVERIFY(!m->Exists("Weather.ini"));
+    QVERIFY(!m->Exists("TavrinWeatherProfiles2.ini"));
+}
+
+void tst_StartUp::keepsLocationsAndProfilePerSession()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    QVERIFY(!m->Start());
+    m->Type("txtLocation1", "Springfield");
+    m->window->StartWeatherRequest(); // takes the boxes' texts into the profile
+    QVERIFY(!m->Restart("/SESSION=3"));
+    QCOMPARE(m->Text("txtLocation1"), "");
+    m->Type("txtLocation1", "Portland");
+    m->Find<QComboBox>("cboSelectedProfile")->setCurrentIndex(1);
+
+    QVERIFY(!m->Restart());
+    QCOMPARE(m->Text("txtLocation1"), "Springfield");
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+    QVERIFY(!m->Restart("/SESSION=3"));
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(m->state.profiles.weather[0].location[0], "Portland");
+}
+
+void tst_StartUp::writesOnlyFirstRunWhenItStarts()
+{
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "[Settings]\r\nFirstRun=False\r\n");
+}
+
+void tst_StartUp::writesEveryKeyWhenItEnds()
+{
+    QVERIFY(!m->Start());
+    m->window->Unload(UnloadMode::Code);
+
+    const QString file = "TavrinWeatherSettings.ini";
+    QCOMPARE(m->Value(file, u"Profile0", u"location1"), "");
+    QCOMPARE(m->Value(file, u"Profile9", u"location4"), "");
+    QCOMPARE(m->Value(file, u"Settings", u"FirstRun"), "False");
+    QCOMPARE(m->Value(file, u"Settings", u"ForecastZone"), "");
+    QCOMPARE(m->Value(file, u"Settings", u"ForecastState"), "");
+    QCOMPARE(m->Value(file, u"Settings", u"ForecastSched0"), "True");
+    QCOMPARE(m->Value(file, u"Settings", u"ForecastSched3"), "True");
+    QCOMPARE(m->Value(file, u"Settings", u"CurrentProfile"), "0");
+    QCOMPARE(m->Value(file, u"Settings", u"MinimizeOnStartup"), "True");
+    QCOMPARE(m->Value(file, u"Settings", u"HTTPPort"), "80");
+}
+
+void tst_StartUp::showsItselfFirstAndMinimisesLater()
+{
+    QVERIFY(!m->Start());
+    QVERIFY(m->Find<QCheckBox>("chkMinimizeOnStartup")->isChecked());
+    QVERIFY(m->window->isVisible());
+    QVERIFY(!m->window->isMinimized());
+
+    QVERIFY(!m->Restart());
+
+    QVERIFY(m->window->isMinimized());
+}
+
+void tst_StartUp::staysShownWhenNotAskedToMinimise()
+{
+    m->Write("TavrinWeatherSettings.ini",
+             "[Settings]\r\nFirstRun=False\r\nMinimizeOnStartup=TRUE\r\n"); // "True" only counts
+    QVERIFY(!m->Start());
+
+    QVERIFY(!m->Find<QCheckBox>("chkMinimizeOnStartup")->isChecked());
+    QVERIFY(m->window->isVisible());
+    QVERIFY(!m->window->isMinimized());
+}
+
+void tst_StartUp::loadsSettingsIntoItsControls()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    m->Write("TavrinWeatherSettings.ini",
+             "[Settings]\r\nFirstRun=False\r\nForecastZone=ORZ006\r\nForecastState=OR\r\n"
+             "ForecastSched1=False\r\nForecastSched2=no\r\nHTTPPort=8080\r\nCurrentProfile=1\r\n"
+             "[Profile1]\r\nlocation1=Salem,[SP]OR\r\n");
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->Text("txtZoneCode"), "ORZ006");
+    QCOMPARE(m->Text("txtStateCode"), "OR");
+    QVERIFY(m->Find<QCheckBox>("chkForecastTime0")->isChecked());
+    QVERIFY(!m->Find<QCheckBox>("chkForecastTime1")->isChecked());
+    QVERIFY(m->Find<QCheckBox>("chkForecastTime2")->isChecked());
+    QCOMPARE(m->Text("txtHTTPPort"), "8080");
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentText(), "Second");
+    QCOMPARE(m->Text("txtLocation1"), "Salem, OR");
+}
+
+void tst_StartUp::keepsAMultiLineLocation()
+{
+    QVERIFY(!m->Start());
+    m->state.profiles.weather[4].location[2] = "two  blanks\ta tab\r\na line";
+
+    QVERIFY(!m->Restart());
+
+    QCOMPARE(m->state.profiles.weather[4].location[2], "two  blanks\ta tab\r\na line");
+}
+
+void tst_StartUp::stopsAtABadCurrentProfile()
+{
+    const QByteArray settings = "[Settings]\r\nCurrentProfile=first\r\n";
+    m->Write("TavrinWeatherSettings.ini", settings);
+    const RecordedTrace trace;
+
+    const auto problem = m->Start();
+
+    QVERIFY(problem);
+    QVERIFY(problem->contains(m->Path("TavrinWeatherSettings.ini")));
+    QVERIFY(problem->contains("CurrentProfile"));
+    QVERIFY(problem->contains("\"first\""));
+    QCOMPARE(trace.lines.last(), "Form_Load Point 4.5");
+    QVERIFY(!m->window->isVisible());
+    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), settings + "FirstRun=False\r\n");
+    QVERIFY(!m->Exists("TavrinWeatherMinMax.ini"));
+}
+
+void tst_StartUp::takesTheFirstProfileForANumberBeyondTheList()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=2\r\n");
+    QVERIFY(!m->Start());
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentIndex(), 0);
+
+    m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=-1\r\n");
+    QVERIFY(!m->Start());
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+}
+
+void tst_StartUp::keepsTheProfileNumberWithoutProfiles()
+{
+    m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=7\r\n");
+    QVERIFY(!m->Start());
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(-1));
+    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentIndex(), -1);
+
+    m->window->tmrWeatherCheck_Timer();
+    m->window->tmrMain_Timer();
+    m->window->btnGetWeather_Click();
+    m->window->ReloadWeatherProfile();
+    m->window->Unload(UnloadMode::Code);
+
+    QCOMPARE(m->http.calls, QStringList());
+    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"CurrentProfile"), "7");
+}
+
+void tst_StartUp::creditsTheForecastService()
+{
+    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->Text("lblForecastCopyright"), "Forecast (c) 2026");
+}
+
+void tst_StartUp::showsAProblemWithItsFolder()
+{
+    QVERIFY(!m->Start());
+    QVERIFY(!m->IsShown("lblFolderProblem"));
+
+    m->state.folderProblem = "The folder cannot be written.";
+    QVERIFY(!m->Start());
+    QVERIFY(m->IsShown("lblFolderProblem"));
+    QCOMPARE(m->Text("lblFolderProblem"), "The folder cannot be written.");
+}
+
+void tst_StartUp::startsWithTheStoredMinimumAndMaximum()
+{
+    m->Write("TavrinWeatherMinMax.ini", "[GENERAL]\r\nCURRDAY=4\r\nPREVDAY=3\r\n"
+                                        "[DAY4]\r\nMIN=61.5\r\nMAX=70\r\n"
+                                        "[DAY3]\r\nMIN=58\r\nMAX=79.9\r\n");
+    QVERIFY(!m->Start());
+
+    QCOMPARE(m->state.minMax.TodayMinTemp, 61.5);
+    QCOMPARE(m->state.minMax.TodayMaxTemp, 70.0);
+    QCOMPARE(m->state.minMax.PrevMinTemp, 58.0);
+    QCOMPARE(m->state.minMax.PrevMaxTemp, 79.9);
+    QCOMPARE(m->state.minMax.MinMaxDay, qint16(4));
+}
+
+void tst_StartUp::asksAtTheTitleBarOnly()
+{
+    QVERIFY(!m->Start());
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    const RecordedTrace trace;
+
+    QVERIFY(CloseAtTitleBar(*m->window));
+
+    QCOMPARE(
+        m->questions,
+        QStringList{"Confirm Exit: Are you sure you want to exit the Tavrin Weather Utility?"});
+    QCOMPARE(trace.lines, QStringList{"unloadmode = 0"});
+    QCOMPARE(unloaded.count(), 1);
+}
+
+void tst_StartUp::goesOnWhenTheExitIsRefused()
+{
+    QVERIFY(!m->Start());
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    m->answer = false;
+
+    QVERIFY(!CloseAtTitleBar(*m->window));
+
+    QCOMPARE(unloaded.count(), 0);
+    QVERIFY(m->window->isVisible());
+    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "[Settings]\r\nFirstRun=False\r\n");
+}
+
+void tst_StartUp::endsWithoutAQuestion_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("code") << 1;
+    QTest::newRow("end of the desktop session") << 2;
+    QTest::newRow("signal") << 3;
+}
+
+void tst_StartUp::endsWithoutAQuestion()
+{
+    QFETCH(int, mode);
+    QVERIFY(!m->Start());
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    m->answer = false;
+    const RecordedTrace trace;
+
+    if (mode == 1)
+        QVERIFY(m->window->close());
+    else
+        QVERIFY(m->window->Unload(UnloadMode(mode)));
+
+    QCOMPARE(m->questions, QStringList());
+    QCOMPARE(trace.lines, QStringList{"unloadmode = " + QString::number(mode)});
+    QCOMPARE(unloaded.count(), 1);
+    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"HTTPPort"), "80");
+}
+
+void tst_StartUp::savesOnceHoweverItEnds()
+{
+    QVERIFY(!m->Start());
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    m->window->Unload(UnloadMode::Signal);
+    m->Write("TavrinWeatherSettings.ini", "");
+
+    QVERIFY(m->window->Unload(UnloadMode::DesktopSession));
+    QVERIFY(CloseAtTitleBar(*m->window));
+
+    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "");
+    QCOMPARE(m->questions, QStringList());
+    QCOMPARE(unloaded.count(), 1);
+}
+
+void tst_StartUp::alternatesTheNotices()
+{
+    QVERIFY(!m->Start());
+    const auto shown = [this] {
+        QStringList names;
+        for (const QString name :
+             {"lblDisclaimer1", "lblDisclaimer2", "lblWeatherCopyright", "lblForecastCopyright"}) {
+            if (m->IsShown(name))
+                names.append(name);
+        }
+        return names;
+    };
+    const QStringList disclaimers{"lblDisclaimer1", "lblDisclaimer2"};
+    const QStringList credits{"lblWeatherCopyright", "lblForecastCopyright"};
+    QCOMPARE(shown(), disclaimers);
+
+    m->window->tmrDisclamer_Timer();
+    QCOMPARE(shown(), credits);
+    m->window->cmdPage_Click(1); // another page makes no difference: the label's own state counts
+    m->window->tmrDisclamer_Timer();
+    QCOMPARE(shown(), disclaimers);
+}
+
+QTEST_MAIN(tst_StartUp)
+#include "tst_start_up.moc"
