@@ -91,6 +91,7 @@ std::optional<QString> frmMain::Form_Load(const QString &command)
     else
         show();
     m_state.ForecastRequestCountdown = kFirstForecastDelay;
+    m_running = true;
     return std::nullopt;
 }
 
@@ -185,9 +186,8 @@ void frmMain::Form_QueryUnload(bool &cancel, UnloadMode unloadMode)
 
 void frmMain::Form_Unload()
 {
-    if (m_unloaded)
+    if (!std::exchange(m_running, false))
         return;
-    m_unloaded = true;
     m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
     m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
     SaveSettings(m_state.files.Settings(), GatherSettings());
@@ -212,7 +212,7 @@ Settings frmMain::GatherSettings() const
 
 bool frmMain::Unload(UnloadMode unloadMode)
 {
-    if (m_unloaded)
+    if (!m_running)
         return true;
     bool cancel = false;
     Form_QueryUnload(cancel, unloadMode);

@@ -42,7 +42,7 @@ public:
     /// Sets `cancel` when the user, asked because the title bar was used, wants to stay.
     void Form_QueryUnload(bool &cancel, UnloadMode unloadMode);
 
-    /// Saves the settings; does so once, however the end came.
+    /// Saves the settings; does so once, however the end came, and only if they have been loaded.
     void Form_Unload();
 
     /// Ends the program unless the user refuses.
@@ -117,7 +117,7 @@ private:
 
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
     qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.
-    bool m_unloaded = false;
+    bool m_running = false; ///< From the end of Form_Load() to Form_Unload().
 
     QTimer tmrMain;         ///< 250 ms: polls the transfers, counts down to the forecast request.
     QTimer tmrWeatherCheck; ///< 1 s: counts down to the weather request.

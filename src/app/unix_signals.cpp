@@ -29,6 +29,14 @@ void Handle(int /*number*/)
     errno = before;
 }
 
+/// True for SIGHUP in a process that was started so that it survives it, with nohup for example.
+bool IsToBeIgnored(int number)
+{
+    struct sigaction before = {};
+    return number == SIGHUP && sigaction(number, nullptr, &before) == 0
+           && before.sa_handler == SIG_IGN;
+}
+
 void SetHandler(void (*handler)(int))
 {
     struct sigaction action = {};
@@ -36,9 +44,7 @@ void SetHandler(void (*handler)(int))
     action.sa_flags = int(SA_RESTART | SA_RESETHAND);
     sigemptyset(&action.sa_mask);
     for (const int number : kSignals) {
-        struct sigaction before = {};
-        sigaction(number, nullptr, &before);
-        if (before.sa_handler != SIG_IGN) // started so that it survives, with nohup for example
+        if (!IsToBeIgnored(number))
             sigaction(number, &action, nullptr);
     }
 }

@@ -22,7 +22,7 @@ public:
     {
         window = std::make_unique<frmMain>(
             state, platform, [this](QWidget *, const QString &title, const QString &text) {
-                questions.append(title + u": " + text);
+                questions.append(title + ": " + text);
                 return answer;
             });
         return window->Form_Load(command);
