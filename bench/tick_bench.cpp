@@ -36,7 +36,7 @@ double ThreadMilliseconds()
 QString Reply(qsizetype size, bool oneLine)
 {
     const QString line = u"<tr><td>a line of the page around it</td>\t<td>no value</td></tr>"_s
-        + (oneLine ? QString() : u"\r\n"_s);
+                       + (oneLine ? QString() : u"\r\n"_s);
     QString page;
     page.reserve(size);
     while (page.size() < size)
