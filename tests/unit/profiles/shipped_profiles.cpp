@@ -1,0 +1,92 @@
+#include "unit/profiles/shipped_profiles.h"
+
+#include <array>
+
+namespace {
+
+/// What only the form of a reply has: labels, mark-up, words of another line.
+constexpr std::array kPieces{
+    u"Wind:",       u"Windchill",
+    u"Visibility",  u"Sky conditions",
+    u"Weather:",    u"Precipitation",
+    u"inches",      u"trace",
+    u"Temperature", u"Heat index",
+    u"Dew",         u"Humidity",
+    u"Pressure",    u"hours ago",
+    u"UTC",         u"EDT",
+    u"EST",         u"ob:",
+    u":0",          u":1",
+    u":2",          u"<",
+    u">",           u"\"",
+    u"{",           u"}",
+    u"[",           u"]",
+    u"null",        u"value",
+    u"interval",    u"FeelsLike",
+    u"http",        u"Hg",
+    u"2017",
+};
+
+} // namespace
+
+IniPath ShippedProfileFile()
+{
+    return {QStringLiteral(TAVRIN_SOURCE_DIR "/profiles/TavrinWeatherProfiles.ini")};
+}
+
+const ProfileTable &ShippedProfiles()
+{
+    static const ProfileTable profiles = [] {
+        ProfileTable loaded;
+        LoadWeatherProfiles(loaded, ShippedProfileFile());
+        return loaded;
+    }();
+    return profiles;
+}
+
+Outcome Parse(std::size_t index, const QString &reply)
+{
+    WeatherProfile profile = ShippedProfiles().weather.at(index);
+    profile.location[0] = kEnteredPlace.toString();
+    const QDateTime now(QDate(2026, 3, 5), QTime(6, 7, 8), Qt::OffsetFromUTC, 3600);
+    FakeWeatherDataHost host;
+    Outcome outcome;
+    outcome.parsed = ParseWeatherData(&profile, reply, now, host);
+    outcome.values = Lines(profile.values);
+    for (const WeatherValueField &field : kWeatherValueFields) {
+        for (const char16_t *piece : kPieces) {
+            const QString &value = profile.values.*field.value;
+            if (field.value != &WeatherValues::timeValue && value.contains(QStringView(piece)))
+                outcome.pieces.append(field.name.toString() + '=' + value);
+        }
+    }
+    outcome.statuses = host.statuses;
+    outcome.temps = host.temps;
+    return outcome;
+}
+
+QString Lines(const WeatherValues &values)
+{
+    QString text;
+    for (const WeatherValueField &field : kWeatherValueFields)
+        text += field.name.toString() + '=' + values.*field.value + '\n';
+    return text;
+}
+
+WeatherValues NothingKnown(const QString &unit)
+{
+    WeatherValues values;
+    for (const WeatherValueField &field : kWeatherValueFields)
+        values.*field.value = kNone.toString();
+    values.minTempValue = "1000" + unit; // the store's neutral values; the display shows N/A
+    values.maxTempValue = "-1000" + unit;
+    values.timeValue = kClockTime.toString();
+    values.locationValue = kEnteredPlace.toString();
+    return values;
+}
+
+QString WithoutLine(const QString &text, const QString &piece)
+{
+    QStringList lines = text.split('\n');
+    const auto removed = lines.removeIf([&](const QString &line) { return line.contains(piece); });
+    return removed > 0 ? lines.join('\n') : QString();
+}
