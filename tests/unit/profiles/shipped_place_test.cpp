@@ -1,0 +1,208 @@
+#include "support/qt_printers.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "unit/profiles/shipped_profiles.h"
+
+namespace {
+
+constexpr std::size_t kProfile = 5;
+
+/// Every quantity that the profile reads stands on a line of its own, but the description.
+QString FullReply()
+{
+    return "{\n"
+           "  \"current_condition\": [\n"
+           "      {\n"
+           "          \"FeelsLikeC\": \"-13\",\n"
+           "          \"FeelsLikeF\": \"8\",\n"
+           "          \"cloudcover\": \"0\",\n"
+           "          \"humidity\": \"68\",\n"
+           "          \"localObsDateTime\": \"2026-02-03 03:15 PM\",\n"
+           "          \"observation_time\": \"02:15 PM\",\n"
+           "          \"precipInches\": \"0.0\",\n"
+           "          \"precipMM\": \"0.0\",\n"
+           "          \"pressure\": \"1018\",\n"
+           "          \"pressureInches\": \"30\",\n"
+           "          \"temp_C\": \"-7\",\n"
+           "          \"temp_F\": \"20\",\n"
+           "          \"uvIndex\": \"0\",\n"
+           "          \"visibility\": \"10\",\n"
+           "          \"visibilityMiles\": \"6\",\n"
+           "          \"weatherCode\": \"113\",\n"
+           "          \"weatherDesc\": [\n"
+           "              {\n"
+           "                  \"value\": \"Sunny\"\n"
+           "              }\n"
+           "          ],\n"
+           "          \"weatherIconUrl\": [\n"
+           "              {\n"
+           "                  \"value\": \"\"\n"
+           "              }\n"
+           "          ],\n"
+           "          \"winddir16Point\": \"E\",\n"
+           "          \"winddirDegree\": \"89\",\n"
+           "          \"windspeedKmph\": \"18\",\n"
+           "          \"windspeedMiles\": \"11\"\n"
+           "      }\n"
+           "  ],\n"
+           "  \"nearest_area\": [\n"
+           "      {\n"
+           "          \"areaName\": [\n"
+           "              {\n"
+           "                  \"value\": \"Harbour Town\"\n"
+           "              }\n"
+           "          ],\n"
+           "          \"latitude\": \"52.250\"\n"
+           "      }\n"
+           "  ],\n"
+           "  \"weather\": [\n"
+           "      {\n"
+           "          \"astronomy\": [\n"
+           "              {\n"
+           "                  \"moonset\": \"07:58 AM\",\n"
+           "                  \"sunrise\": \"07:14 AM\",\n"
+           "                  \"sunset\": \"04:26 PM\"\n"
+           "              }\n"
+           "          ],\n"
+           "          \"avgtempC\": \"-12\",\n"
+           "          \"sunHour\": \"9.0\",\n"
+           "          \"totalSnow_cm\": \"0.0\",\n"
+           "          \"uvIndex\": \"0\"\n"
+           "      }\n"
+           "  ]\n"
+           "}\n";
+}
+
+WeatherValues FullValues()
+{
+    WeatherValues values = NothingKnown(" C");
+    values.temperatureValue = "-7.0 C";
+    values.conditionsValue = "Sunny";
+    values.windSpeedDirValue = "18 km/h E";
+    values.humidityValue = "68%";
+    values.atmosPressValue = "1018 hPa";
+    values.dewPointValue = "-13.4 C"; // -7 - (100 - 68) / 5
+    // 18^0.16 = 1.58796; 13.12 - 4.3505 - 18.0551 - 4.4074 = -13.6930
+    values.windchillValue = "-13.7 C";
+    values.visibilityValue = "10 km";
+    values.sunriseValue = "07:14 AM";
+    values.sunsetValue = "04:26 PM";
+    values.precipValue = "0.0 mm";
+    values.timeValue = "2026-02-03 03:15 PM";
+    return values;
+}
+
+/// A line that may be missing and the values that are then not available.
+struct OptionalLine
+{
+    const char *name;
+    std::vector<QString WeatherValues::*> values;
+};
+
+const std::vector<OptionalLine> kOptional{
+    {"\"humidity\"", {&WeatherValues::humidityValue, &WeatherValues::dewPointValue}},
+    {"\"precipMM\"", {&WeatherValues::precipValue}},
+    {"\"pressure\"", {&WeatherValues::atmosPressValue}},
+    {"\"visibility\"", {&WeatherValues::visibilityValue}},
+    {"\"winddir16Point\"", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
+    {"\"windspeedKmph\"", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
+    {"\"sunrise\"", {&WeatherValues::sunriseValue}},
+    {"\"sunset\"", {&WeatherValues::sunsetValue}},
+};
+
+TEST(ShippedPlace, GivesAllValues)
+{
+    const Outcome outcome = Parse(kProfile, FullReply());
+
+    EXPECT_TRUE(outcome.parsed);
+    EXPECT_EQ(outcome.values, Lines(FullValues()));
+    EXPECT_EQ(outcome.temps, QList<double>{-7});
+}
+
+TEST(ShippedPlace, ShowsWhatIsMissingInAnyCombinationAsNotAvailable)
+{
+    for (unsigned missing = 0; missing < 1U << kOptional.size(); ++missing) {
+        QString reply = FullReply();
+        WeatherValues expected = FullValues();
+        for (std::size_t i = 0; i < kOptional.size(); ++i) {
+            if ((missing >> i & 1U) == 0)
+                continue;
+            reply = WithoutLine(reply, kOptional[i].name);
+            for (QString WeatherValues::*const value : kOptional[i].values)
+                expected.*value = "N/A";
+        }
+
+        const Outcome outcome = Parse(kProfile, reply);
+
+        ASSERT_TRUE(outcome.parsed) << missing;
+        ASSERT_EQ(outcome.values, Lines(expected)) << missing;
+        ASSERT_EQ(outcome.pieces, QStringList()) << missing;
+    }
+}
+
+TEST(ShippedPlace, ShowsEmptyValuesAsNotAvailable)
+{
+    const QString reply = FullReply()
+                              .replace("\"humidity\": \"68\"", "\"humidity\": \"\"")
+                              .replace("\"sunset\": \"04:26 PM\"", "\"sunset\": \"\"");
+    WeatherValues expected = FullValues();
+    expected.humidityValue = "N/A";
+    expected.dewPointValue = "N/A";
+    expected.sunsetValue = "N/A";
+
+    EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
+}
+
+TEST(ShippedPlace, ShowsNullAsNotAvailable)
+{
+    const QString reply = FullReply()
+                              .replace("\"humidity\": \"68\"", "\"humidity\": null")
+                              .replace("\"pressure\": \"1018\"", "\"pressure\": null")
+                              .replace("\"windspeedKmph\": \"18\"", "\"windspeedKmph\": null");
+    WeatherValues expected = FullValues();
+    expected.humidityValue = "N/A";
+    expected.dewPointValue = "N/A";
+    expected.atmosPressValue = "N/A";
+    expected.windSpeedDirValue = "N/A";
+    expected.windchillValue = "N/A";
+
+    EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
+}
+
+TEST(ShippedPlace, ShowsCalmWindAsZeroAndReadsWarmth)
+{
+    const QString reply = FullReply()
+                              .replace("\"windspeedKmph\": \"18\"", "\"windspeedKmph\": \"0\"")
+                              .replace("\"temp_C\": \"-7\"", "\"temp_C\": \"0\"");
+    WeatherValues expected = FullValues();
+    expected.temperatureValue = "0.0 C";
+    expected.windSpeedDirValue = "0 km/h E";
+    expected.windchillValue = "N/A"; // 13.12 is warmer than 0
+    expected.dewPointValue = "-6.4 C";
+
+    EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
+}
+
+TEST(ShippedPlace, RefusesAReplyWithoutTemperatureOrDescription)
+{
+    const QString noTemperature = WithoutLine(FullReply(), "\"temp_C\"");
+    const QString nullTemperature = FullReply().replace("\"temp_C\": \"-7\"", "\"temp_C\": null");
+    for (const QString &reply : {noTemperature, nullTemperature}) {
+        const Outcome outcome = Parse(kProfile, reply);
+        EXPECT_FALSE(outcome.parsed);
+        EXPECT_EQ(outcome.temps, QList<double>());
+        EXPECT_EQ(outcome.statuses,
+                  QStringList{"Required value not found in received data: temperature"});
+    }
+
+    const Outcome noDescription = Parse(kProfile, WithoutLine(FullReply(), "\"weatherDesc\""));
+    EXPECT_FALSE(noDescription.parsed);
+    EXPECT_EQ(noDescription.values, Lines({}));
+    EXPECT_EQ(noDescription.statuses,
+              QStringList{"Required value not found in received data: conditions"});
+}
+
+} // namespace
