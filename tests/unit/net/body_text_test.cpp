@@ -109,7 +109,7 @@ TEST(BodyText, FollowsAnHtmlMetaTag)
     for (const char *head :
          {"<html><META Charset=\"ISO-8859-1\">", "<meta charset=windows-1252>",
           "<meta charset=latin1/>", "<meta name=x><meta charset='cp1252'>",
-          "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=iso-8859-1\">",
+          R"(<meta http-equiv="Content-Type" content="text/html; charset=iso-8859-1">)",
           "<meta content='text/html;charset=iso-8859-1' http-equiv=content-type>"})
         EXPECT_EQ(BodyText(QByteArray(head) + "\xC2\xB0", "text/html"), head + twoCharacters)
             << head;
