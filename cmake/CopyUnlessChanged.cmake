@@ -1,0 +1,21 @@
+# Copies `source` to `target`, but never over a file that somebody has changed since the last copy.
+# `record` remembers that copy's checksum.
+#   cmake -Dsource=... -Dtarget=... -Drecord=... -P CopyUnlessChanged.cmake
+file(SHA256 "${source}" wanted)
+if(EXISTS "${target}")
+  file(SHA256 "${target}" present)
+  set(copied "")
+  if(EXISTS "${record}")
+    file(READ "${record}" copied)
+  endif()
+  if(present STREQUAL wanted)
+    file(WRITE "${record}" "${wanted}")
+    return()
+  endif()
+  if(NOT present STREQUAL copied)
+    message(STATUS "Kept ${target}, which was changed; the shipped one is ${source}")
+    return()
+  endif()
+endif()
+file(COPY_FILE "${source}" "${target}")
+file(WRITE "${record}" "${wanted}")
