@@ -100,6 +100,7 @@ TEST(PlaceReply, GivesTextsForTheTown)
     EXPECT_EQ(now["weatherDesc"][0]["value"].toString(), "Mostly clear");
     EXPECT_EQ(root["nearest_area"][0]["areaName"][0]["value"].toString(), "Hamburg");
     EXPECT_TRUE(reply.contains("\"temp_C\": \"10\",\n"));
+    EXPECT_TRUE(reply.contains("\"windspeedKmph\": \"0\",\n"));
 }
 
 TEST(FindPlace, KnowsCodesAndTheBeginningsOfNames)

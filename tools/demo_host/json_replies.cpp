@@ -183,8 +183,9 @@ QString PlaceValues(const Station &station, const DayWeather &weather, const QDa
            "                  \"value\": \"%1\"\n              }\n          ],\n"_s.arg(words)
          + member(u"winddir16Point"_s, CompassPoint(weather.windDegrees).toString())
          + member(u"winddirDegree"_s, Direction(weather))
-         + u"          \"windspeedKmph\": \"%1\"\n"_s.arg(
-             Number(weather.windKnots * kKmPerKnot, 0));
+         + member(u"windspeedKmph"_s, Number(weather.windKnots * kKmPerKnot, 0))
+         + u"          \"windspeedMiles\": \"%1\"\n"_s.arg(
+             Number(MilesPerHour(weather.windKnots), 0));
 }
 
 } // namespace
