@@ -1,0 +1,206 @@
+#include "support/child_program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <httplib.h>
+
+#include <memory>
+#include <thread>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How long a step of the running program may take. It is far more than it needs: a slow machine
+/// is no failure.
+constexpr int kPatience = 30'000;
+
+QByteArray Bytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+}
+
+QByteArray Expected(const QString &name)
+{
+    return Bytes(QStringLiteral(TAVRIN_TEST_DATA "/e2e/") + name);
+}
+
+void Write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+/// A service on the loopback that has one reply for every request, and remembers the last one.
+class OneReplyService
+{
+public:
+    OneReplyService(const std::string &body, const std::string &type)
+    {
+        m_server.set_keep_alive_timeout(1);
+        m_server.Get(".*", [=, this](const httplib::Request &request, httplib::Response &response) {
+            const std::scoped_lock lock(m_mutex);
+            m_request = request.target;
+            m_agent = request.get_header_value("User-Agent");
+            response.set_content(body, type);
+        });
+        m_port = m_server.bind_to_any_port("127.0.0.1");
+        m_thread = std::thread([this] { m_server.listen_after_bind(); });
+        while (!m_server.is_running())
+            std::this_thread::yield();
+    }
+    ~OneReplyService()
+    {
+        m_server.stop();
+        m_thread.join();
+    }
+    Q_DISABLE_COPY_MOVE(OneReplyService)
+
+    [[nodiscard]] QByteArray Address() const
+    {
+        return "http://127.0.0.1:" + QByteArray::number(m_port);
+    }
+    [[nodiscard]] QByteArray LastRequest() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return QByteArray::fromStdString(m_request);
+    }
+    [[nodiscard]] QByteArray LastAgent() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return QByteArray::fromStdString(m_agent);
+    }
+
+private:
+    httplib::Server m_server;
+    int m_port = 0;
+    mutable std::mutex m_mutex;
+    std::string m_request; ///< Guarded by m_mutex, and so is the next.
+    std::string m_agent;
+    std::thread m_thread;
+};
+
+} // namespace
+
+/// The built program in a folder of its own, beside a service on the loopback.
+class tst_end_to_end final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void writesTheWeatherOfTheDemoHost();
+    void keepsToSessionAndCodePage();
+    void writesNothingWithoutATemperature();
+
+private:
+    [[nodiscard]] QString Path(const QString &name) const { return m_folder->filePath(name); }
+
+    /// Lays one of the test profile files into the folder, with the service's address filled in.
+    void TakeProfiles(const QString &name, const QByteArray &host) const;
+    void Start(const QStringList &arguments = {});
+
+    /// What lies in the folder, in alphabetical order.
+    [[nodiscard]] QStringList Files() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<ChildProgram> m_program;
+};
+
+void tst_end_to_end::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_end_to_end::cleanup()
+{
+    m_program.reset();
+    m_folder.reset();
+}
+
+void tst_end_to_end::TakeProfiles(const QString &name, const QByteArray &host) const
+{
+    Write(Path("TavrinWeatherProfiles.ini"), Expected(name).replace("%HOST%", host));
+}
+
+void tst_end_to_end::Start(const QStringList &arguments)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    for (const char *proxy : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+        environment.remove(proxy);
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("TAVRIN_WEATHER_FOLDER", m_folder->path());
+    environment.insert("XDG_RUNTIME_DIR", m_folder->path()); // Qt warns where there is none
+    environment.insert("TAVRIN_TRACE", Path("trace.txt"));
+    m_program = std::make_unique<ChildProgram>(TAVRIN_PROGRAM, arguments, environment);
+}
+
+QStringList tst_end_to_end::Files() const
+{
+    return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+void tst_end_to_end::writesTheWeatherOfTheDemoHost()
+{
+    ChildProgram host(TAVRIN_DEMO_HOST, {"--port", "0", "--time", "2026-03-14T20:00"});
+    TakeProfiles("observation_profiles.ini", host.FirstLine().section(' ', -1).toLatin1());
+    Write(Path("TavrinWeatherSettings.ini"), "[Profile0]\r\nlocation1=KBWI\r\n");
+
+    Start();
+
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Weather.ini")), kPatience);
+    QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
+    m_program->Terminate();
+    QCOMPARE(m_program->ExitCode(), 0);
+    QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
+    QCOMPARE(Bytes(Path("TavrinWeatherSettings.ini")), Expected("observation_settings.ini"));
+    QVERIFY(Bytes(Path("TavrinWeatherMinMax.ini")).contains("MIN=73.4\r\nMAX=73.4\r\n"));
+    QCOMPARE(m_program->Errors(), "");
+}
+
+void tst_end_to_end::keepsToSessionAndCodePage()
+{
+    const OneReplyService service("at=14:05;t=-7;sky=b\xC3\xB6ig, klar;v=12.6;d=NNW;rh=90;\n",
+                                  "text/plain; charset=utf-8");
+    TakeProfiles("harbour_profiles.ini", service.Address());
+    Write(Path("TavrinWeatherSettings3.ini"), Expected("harbour_settings_before.ini"));
+
+    Start({"/CODEPAGE=1252", "/SESSION=3"});
+
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Weather3.ini")), kPatience);
+    QCOMPARE(service.LastRequest(), "/now?place=Alter%20Hafen&mast=7");
+    QVERIFY2(service.LastAgent().startsWith("TavrinWeatherUtility/" TAVRIN_VERSION),
+             service.LastAgent());
+    m_program->Terminate();
+    QCOMPARE(m_program->ExitCode(), 0);
+    QCOMPARE(Bytes(Path("Weather3.ini")), Expected("harbour_weather3.ini"));
+    QCOMPARE(Bytes(Path("TavrinWeatherSettings3.ini")), Expected("harbour_settings3.ini"));
+    QCOMPARE(Files(), QStringList({"TavrinWeatherMinMax3.ini", "TavrinWeatherProfiles.ini",
+                                   "TavrinWeatherSettings3.ini", "Weather3.ini", "trace.txt"}));
+}
+
+void tst_end_to_end::writesNothingWithoutATemperature()
+{
+    ChildProgram host(TAVRIN_DEMO_HOST, {"--port", "0", "--time", "2026-03-14T20:00"});
+    TakeProfiles("observation_profiles.ini", host.FirstLine().section(' ', -1).toLatin1());
+    Write(Path("TavrinWeatherSettings.ini"), "[Profile0]\r\nlocation1=BIKF\r\n");
+
+    Start();
+
+    QTRY_VERIFY_WITH_TIMEOUT(
+        Bytes(Path("trace.txt")).contains("Required value not found in received data: temperature"),
+        kPatience);
+    m_program->Terminate();
+    QCOMPARE(m_program->ExitCode(), 0);
+    QVERIFY(!QFile::exists(Path("Weather.ini")));
+}
+
+QTEST_GUILESS_MAIN(tst_end_to_end)
+#include "tst_end_to_end.moc"
