@@ -1,0 +1,324 @@
+#include "app/profile_list.h"
+
+#include <QAbstractItemView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "gui/main_window.h"
+
+namespace {
+
+const QByteArray kProfiles = "[Profile0]\r\n"
+                             "title=One place\r\n"
+                             "description=First line[CRLF]Second line\r\n"
+                             "copyright=(c) %YEAR% A\r\n"
+                             "location1Title=City\r\n"
+                             "[Profile1]\r\n"
+                             "title=Four places\r\n"
+                             "copyright=(c) %YEAR% B, %YEAR%\r\n"
+                             "location1Title=City\r\n"
+                             "location2Title=State\r\n"
+                             "location3Title=Country\r\n"
+                             "location4Title=Station\r\n"
+                             "[Profile2]\r\n"
+                             "title=Two places\r\n"
+                             "location1Title=City\r\n"
+                             "location2Title=[SP][SP]\r\n"
+                             "location3Title=Country\r\n";
+
+const QByteArray kSettings = "[Settings]\r\nFirstRun=False\r\nMinimizeOnStartup=False\r\n"
+                             "[Profile0]\r\nlocation1=Salem\r\n"
+                             "[Profile2]\r\nlocation1=Rome\r\nlocation2=Lazio\r\n";
+
+} // namespace
+
+/// The choice of the profile and its locations.
+class tst_ProfileSettings final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m.reset(); }
+
+    void showsTheProfile();
+    void hidesLocationsWithoutATitle();
+    void placesTheDescriptionBelowTheLastLocation();
+    void takesTheListIndexAsTheProfile();
+    void fillsItsListSilently();
+    void choosesAnotherProfile();
+    void emptiesBoxesForAProfileWithoutValues();
+    void storesLocationsWhenTheCurrentProfileIsChosen();
+    void runsTheClickOnceForAKey();
+    void runsTheClickOnceForAChoiceFromTheList();
+    void runsTheClickForAChangeByCode();
+    void showsTheProfileAgainWhenTheListIsScrolled();
+    void reloadsAnEmptiedProfile();
+    void opensAndClosesItsFrame();
+    void keepsTheTabKeyInTheFrameInFront();
+
+private:
+    [[nodiscard]] ProfileList *List() const { return m->Find<ProfileList>("cboSelectedProfile"); }
+    [[nodiscard]] QStringList ShownLocations() const;
+
+    std::unique_ptr<MainWindow> m;
+};
+
+void tst_ProfileSettings::init()
+{
+    m = std::make_unique<MainWindow>();
+    m->Write("TavrinWeatherProfiles.ini", kProfiles);
+    m->Write("TavrinWeatherSettings.ini", kSettings);
+    QVERIFY(!m->Start());
+}
+
+QStringList tst_ProfileSettings::ShownLocations() const
+{
+    QStringList shown;
+    for (const QString number : {"1", "2", "3", "4"}) {
+        if (m->IsShown("frmLoc" + number))
+            shown.append(number);
+    }
+    return shown;
+}
+
+void tst_ProfileSettings::showsTheProfile()
+{
+    QCOMPARE(List()->count(), 3);
+    QCOMPARE(List()->currentText(), "One place");
+    QCOMPARE(m->Find<QPlainTextEdit>("txtProfileDescription")->toPlainText(),
+             "First line\nSecond line");
+    QCOMPARE(m->Text("lblWeatherCopyright"), "(c) 2026 A");
+    QCOMPARE(m->Text("lblLocation1Title"), "City");
+    QCOMPARE(m->Text("lblLocation2Title"), "");
+    QCOMPARE(m->Text("txtLocation1"), "Salem");
+    QCOMPARE(m->Text("Label1").remove('&'), "Weather Information Service Profile");
+    QCOMPARE(m->Text("lblProfileDescription").remove('&'), "Weather Profile Description");
+
+    List()->setCurrentIndex(1);
+    QCOMPARE(m->Text("lblWeatherCopyright"), "(c) 2026 B, 2026");
+}
+
+void tst_ProfileSettings::hidesLocationsWithoutATitle()
+{
+    QCOMPARE(ShownLocations(), QStringList{"1"});
+    List()->setCurrentIndex(1);
+    QCOMPARE(ShownLocations(), (QStringList{"1", "2", "3", "4"}));
+    List()->setCurrentIndex(2);
+    QCOMPARE(m->Text("txtLocation2"), "Lazio"); // a value alone does not show its box
+    QCOMPARE(ShownLocations(), (QStringList{"1", "3"}));
+}
+
+void tst_ProfileSettings::placesTheDescriptionBelowTheLastLocation()
+{
+    const auto isBelow = [this](const QString &frame) {
+        const QRect last = m->Find(frame)->geometry();
+        const QRect label = m->Find("lblProfileDescription")->geometry();
+        const QRect box = m->Find("txtProfileDescription")->geometry();
+        return label.top() == last.top() + last.height() + 5 && box.top() == label.bottom() + 1
+            && box.bottom() < m->Find("btnWeatherDone")->geometry().top();
+    };
+    QVERIFY(isBelow("frmLoc1"));
+    List()->setCurrentIndex(1);
+    QVERIFY(isBelow("frmLoc4"));
+    List()->setCurrentIndex(2);
+    QVERIFY(isBelow("frmLoc3"));
+}
+
+void tst_ProfileSettings::takesTheListIndexAsTheProfile()
+{
+    m->Write("TavrinWeatherProfiles.ini",
+             "[Profile0]\r\ntitle=Zero\r\n[Profile2]\r\ntitle=Two\r\n");
+    QVERIFY(!m->Restart());
+    QCOMPARE(List()->count(), 2);
+
+    List()->setCurrentIndex(1); // reads "Two", but is the unused record 1
+
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(m->state.profiles.Selected(), &m->state.profiles.weather[1]);
+}
+
+void tst_ProfileSettings::fillsItsListSilently()
+{
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+
+    m->window->FillProfileList();
+
+    QCOMPARE(List()->currentIndex(), -1);
+    QCOMPARE(clicks.count(), 0);
+}
+
+void tst_ProfileSettings::choosesAnotherProfile()
+{
+    m->window->tmrWeatherCheck_Timer();
+    m->state.minMax = {60, 70, 50, 80, 4};
+    m->Type("txtLocation1", "Eugene");
+
+    List()->setCurrentIndex(2);
+
+    QCOMPARE(m->state.profiles.weather[0].location[0], "Eugene");
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(2));
+    QCOMPARE(m->Text("txtLocation1"), "Rome");
+    QCOMPARE(m->state.minMax.TodayMinTemp, 1000.0);
+    QCOMPARE(m->state.minMax.TodayMaxTemp, -1000.0);
+    QCOMPARE(m->state.minMax.PrevMinTemp, 50.0);
+    QCOMPARE(m->state.minMax.PrevMaxTemp, 80.0);
+    QCOMPARE(m->Value("TavrinWeatherMinMax.ini", u"DAY4", u"MIN"), "1000");
+    m->Type("txtLocation3", "Italy");
+    m->window->tmrWeatherCheck_Timer();
+    QCOMPARE(m->Text("lblNextWeatherCheck"), "Next Update in 0:05");
+}
+
+void tst_ProfileSettings::emptiesBoxesForAProfileWithoutValues()
+{
+    m->state.profiles.weather[0].values.humidityValue = "40 %";
+    m->state.profiles.weather[0].values.timeValue = "9:53";
+    m->window->DisplayWeatherData();
+    QCOMPARE(m->Text("txtHumidity"), "40 %");
+
+    List()->setCurrentIndex(1);
+    QCOMPARE(m->Text("txtHumidity"), "");
+    QCOMPARE(m->Text("txtTime"), "");
+
+    List()->setCurrentIndex(0);
+    QCOMPARE(m->Text("txtHumidity"), "40 %"); // its last values are kept
+    QCOMPARE(m->Text("txtTime"), "9:53");
+}
+
+void tst_ProfileSettings::storesLocationsWhenTheCurrentProfileIsChosen()
+{
+    m->window->tmrWeatherCheck_Timer();
+    m->state.minMax = {60, 70, 50, 80, 4};
+    m->Type("txtLocation1", "Eugene");
+
+    m->window->cboSelectedProfile_Click();
+
+    QCOMPARE(m->state.profiles.weather[0].location[0], "Eugene");
+    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
+    m->window->tmrWeatherCheck_Timer();
+    QCOMPARE(m->Text("lblNextWeatherCheck"), "Next Update in 14:59");
+}
+
+void tst_ProfileSettings::runsTheClickOnceForAKey()
+{
+    m->window->btnWeatherSettings_Click();
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+
+    QTest::keyClick(List(), Qt::Key_Down);
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(clicks.count(), 1);
+
+    QTest::keyClick(List(), Qt::Key_T); // by its first letter: "Two places"
+    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(2));
+    QCOMPARE(clicks.count(), 2);
+
+    QTest::keyClick(List(), Qt::Key_Down); // there is no further one
+    QCOMPARE(clicks.count(), 2);
+}
+
+void tst_ProfileSettings::runsTheClickOnceForAChoiceFromTheList()
+{
+    m->window->btnWeatherSettings_Click();
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+
+    List()->showPopup();
+    QTest::keyClick(List()->view(), Qt::Key_Down);
+    QTest::keyClick(List()->view(), Qt::Key_Enter);
+    QCOMPARE(List()->currentIndex(), 1);
+    QCOMPARE(clicks.count(), 1);
+
+    m->Type("txtLocation1", "Paris");
+    List()->showPopup();
+    QTest::keyClick(List()->view(), Qt::Key_Enter); // the current one again
+    QCOMPARE(List()->currentIndex(), 1);
+    QCOMPARE(clicks.count(), 2);
+    QCOMPARE(m->state.profiles.weather[1].location[0], "Paris");
+}
+
+void tst_ProfileSettings::runsTheClickForAChangeByCode()
+{
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+
+    List()->setCurrentIndex(2);
+    QCOMPARE(clicks.count(), 1);
+    List()->setCurrentIndex(2);
+    QCOMPARE(clicks.count(), 1);
+
+    // The change by code does not swallow the choice that follows.
+    m->window->btnWeatherSettings_Click();
+    List()->showPopup();
+    QTest::keyClick(List()->view(), Qt::Key_Enter);
+    QCOMPARE(clicks.count(), 2);
+}
+
+void tst_ProfileSettings::showsTheProfileAgainWhenTheListIsScrolled()
+{
+    m->window->tmrWeatherCheck_Timer();
+    m->window->btnWeatherSettings_Click();
+    m->state.minMax = {60, 70, 50, 80, 4};
+    List()->setMaxVisibleItems(1);
+    List()->showPopup();
+    m->Type("txtLocation1", "typed");
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+    QScrollBar *bar = List()->view()->verticalScrollBar();
+
+    bar->setRange(0, 10);
+    bar->setValue(bar->value() + 1);
+
+    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown anew, what was typed is not stored
+    QCOMPARE(m->state.profiles.weather[0].location[0], "Salem");
+    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
+    QCOMPARE(clicks.count(), 0);
+    List()->hidePopup();
+}
+
+void tst_ProfileSettings::reloadsAnEmptiedProfile()
+{
+    List()->setCurrentIndex(1);
+
+    m->window->ReloadWeatherProfile();
+
+    QCOMPARE(m->state.profiles.weather[1].title, "");
+    QCOMPARE(ShownLocations(), QStringList{"1"});
+    QCOMPARE(m->Text("lblLocation1Title"), "");
+    QCOMPARE(m->Text("lblWeatherCopyright"), "");
+    QCOMPARE(m->state.profiles.weather[0].title, "One place");
+}
+
+void tst_ProfileSettings::opensAndClosesItsFrame()
+{
+    auto *frame = m->Find("frmWeatherSettings");
+    QVERIFY(frame->isHidden());
+
+    QTest::mouseClick(m->Find("btnWeatherSettings"), Qt::LeftButton);
+    QVERIFY(frame->isVisible());
+    QVERIFY(m->Find("frmPage0")->rect().contains(frame->geometry()));
+
+    QTest::mouseClick(frame->findChild<QPushButton *>("btnWeatherDone"), Qt::LeftButton);
+    QVERIFY(frame->isHidden());
+
+    m->window->btnWeatherSettings_Click();
+    m->window->btnShowRaw_Click();
+    m->window->btnWeatherDone_Click(); // closes both, whichever was pressed
+    QVERIFY(frame->isHidden());
+    QVERIFY(m->Find("frmWeatherRaw")->isHidden());
+}
+
+void tst_ProfileSettings::keepsTheTabKeyInTheFrameInFront()
+{
+    m->window->btnWeatherSettings_Click();
+    QStringList stops;
+    for (int i = 0; i < 5; ++i) {
+        stops.append(m->window->focusWidget()->objectName());
+        QTest::keyClick(m->window->focusWidget(), Qt::Key_Tab);
+    }
+
+    QCOMPARE(stops, (QStringList{"cboSelectedProfile", "txtLocation1", "txtProfileDescription",
+                                 "btnWeatherDone", "cboSelectedProfile"}));
+}
+
+QTEST_MAIN(tst_ProfileSettings)
+#include "tst_profile_settings.moc"
