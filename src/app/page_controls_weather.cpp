@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kGap = 3;
-constexpr int kRowGap = 5;
+constexpr int kRowGap = 4;
 constexpr int kColumns = 4;  // title, box, title, box
 constexpr int kWideRows = 4; // location, time, conditions and wind need the whole width
 

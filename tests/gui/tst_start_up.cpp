@@ -1,9 +1,7 @@
 #include "support/recorded_trace.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QComboBox>
-#include <QSignalSpy>
 #include <QTest>
 
 #include "gui/main_window.h"
@@ -14,18 +12,9 @@ const QByteArray kTwoProfiles = "[Profile0]\r\ntitle=First\r\nlocation1Title=Cit
                                 "[Profile1]\r\ntitle=Second\r\nlocation1Title=Station\r\n"
                                 "[ForecastProfile0]\r\ncopyright=Forecast (c) %YEAR%\r\n";
 
-/// A close event as the window system sends it when the title bar is used.
-bool CloseAtTitleBar(frmMain &window)
-{
-    QCloseEvent event;
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::instance()->notify(&window, &event);
-    return event.isAccepted();
-}
-
 } // namespace
 
-/// How the main window comes up, and how it ends.
+/// How the main window comes up.
 class tst_StartUp final : public QObject
 {
     Q_OBJECT
@@ -41,25 +30,15 @@ private Q_SLOTS:
     void namesTheSessionInItsCaption();
     void takesTheDefaultSessionForAnUnknownOne();
     void takesTheCodePageFromTheCommand();
-    void keepsFilesPerSession();
-    void keepsLocationsAndProfilePerSession();
     void writesOnlyFirstRunWhenItStarts();
-    void writesEveryKeyWhenItEnds();
     void showsItselfFirstAndMinimisesLater();
     void staysShownWhenNotAskedToMinimise();
     void loadsSettingsIntoItsControls();
-    void keepsAMultiLineLocation();
     void stopsAtABadCurrentProfile();
     void takesTheFirstProfileForANumberBeyondTheList();
-    void keepsTheProfileNumberWithoutProfiles();
     void creditsTheForecastService();
     void showsAProblemWithItsFolder();
     void startsWithTheStoredMinimumAndMaximum();
-    void asksAtTheTitleBarOnly();
-    void goesOnWhenTheExitIsRefused();
-    void endsWithoutAQuestion_data();
-    void endsWithoutAQuestion();
-    void savesOnceHoweverItEnds();
     void alternatesTheNotices();
 
 private:
@@ -153,65 +132,11 @@ void tst_StartUp::takesTheCodePageFromTheCommand()
     QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->itemText(0), QString(QChar(0xE9)));
 }
 
-void tst_StartUp::keepsFilesPerSession()
-{
-    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
-    QVERIFY(!m->Start("/SESSION=2"));
-    m->window->SaveWeatherData();
-    m->window->Unload(UnloadMode::Code);
-
-    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->count(), 2); // from the shared file
-    QVERIFY(m->Exists("TavrinWeatherSettings2.ini"));
-    QVERIFY(m->Exists("TavrinWeatherMinMax2.ini"));
-    QVERIFY(m->Exists("Weather2.ini"));
-    QVERIFY(!m->Exists("TavrinWeatherSettings.ini"));
-    QVERIFY(!m->Exists("TavrinWeatherMinMax.ini"));
-    QVERIFY(!m->Exists("Weather.ini"));
-    QVERIFY(!m->Exists("TavrinWeatherProfiles2.ini"));
-}
-
-void tst_StartUp::keepsLocationsAndProfilePerSession()
-{
-    m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
-    QVERIFY(!m->Start());
-    m->Type("txtLocation1", "Springfield");
-    m->window->StartWeatherRequest(); // takes the boxes' texts into the profile
-    QVERIFY(!m->Restart("/SESSION=3"));
-    QCOMPARE(m->Text("txtLocation1"), "");
-    m->Type("txtLocation1", "Portland");
-    m->Find<QComboBox>("cboSelectedProfile")->setCurrentIndex(1);
-
-    QVERIFY(!m->Restart());
-    QCOMPARE(m->Text("txtLocation1"), "Springfield");
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
-    QVERIFY(!m->Restart("/SESSION=3"));
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
-    QCOMPARE(m->state.profiles.weather[0].location[0], "Portland");
-}
-
 void tst_StartUp::writesOnlyFirstRunWhenItStarts()
 {
     QVERIFY(!m->Start());
 
     QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "[Settings]\r\nFirstRun=False\r\n");
-}
-
-void tst_StartUp::writesEveryKeyWhenItEnds()
-{
-    QVERIFY(!m->Start());
-    m->window->Unload(UnloadMode::Code);
-
-    const QString file = "TavrinWeatherSettings.ini";
-    QCOMPARE(m->Value(file, u"Profile0", u"location1"), "");
-    QCOMPARE(m->Value(file, u"Profile9", u"location4"), "");
-    QCOMPARE(m->Value(file, u"Settings", u"FirstRun"), "False");
-    QCOMPARE(m->Value(file, u"Settings", u"ForecastZone"), "");
-    QCOMPARE(m->Value(file, u"Settings", u"ForecastState"), "");
-    QCOMPARE(m->Value(file, u"Settings", u"ForecastSched0"), "True");
-    QCOMPARE(m->Value(file, u"Settings", u"ForecastSched3"), "True");
-    QCOMPARE(m->Value(file, u"Settings", u"CurrentProfile"), "0");
-    QCOMPARE(m->Value(file, u"Settings", u"MinimizeOnStartup"), "True");
-    QCOMPARE(m->Value(file, u"Settings", u"HTTPPort"), "80");
 }
 
 void tst_StartUp::showsItselfFirstAndMinimisesLater()
@@ -256,16 +181,6 @@ void tst_StartUp::loadsSettingsIntoItsControls()
     QCOMPARE(m->Text("txtLocation1"), "Salem, OR");
 }
 
-void tst_StartUp::keepsAMultiLineLocation()
-{
-    QVERIFY(!m->Start());
-    m->state.profiles.weather[4].location[2] = "two  blanks\ta tab\r\na line";
-
-    QVERIFY(!m->Restart());
-
-    QCOMPARE(m->state.profiles.weather[4].location[2], "two  blanks\ta tab\r\na line");
-}
-
 void tst_StartUp::stopsAtABadCurrentProfile()
 {
     const QByteArray settings = "[Settings]\r\nCurrentProfile=first\r\n";
@@ -296,23 +211,6 @@ void tst_StartUp::takesTheFirstProfileForANumberBeyondTheList()
     m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=-1\r\n");
     QVERIFY(!m->Start());
     QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
-}
-
-void tst_StartUp::keepsTheProfileNumberWithoutProfiles()
-{
-    m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=7\r\n");
-    QVERIFY(!m->Start());
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(-1));
-    QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentIndex(), -1);
-
-    m->window->tmrWeatherCheck_Timer();
-    m->window->tmrMain_Timer();
-    m->window->btnGetWeather_Click();
-    m->window->ReloadWeatherProfile();
-    m->window->Unload(UnloadMode::Code);
-
-    QCOMPARE(m->http.calls, QStringList());
-    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"CurrentProfile"), "7");
 }
 
 void tst_StartUp::creditsTheForecastService()
@@ -346,76 +244,6 @@ void tst_StartUp::startsWithTheStoredMinimumAndMaximum()
     QCOMPARE(m->state.minMax.PrevMinTemp, 58.0);
     QCOMPARE(m->state.minMax.PrevMaxTemp, 79.9);
     QCOMPARE(m->state.minMax.MinMaxDay, qint16(4));
-}
-
-void tst_StartUp::asksAtTheTitleBarOnly()
-{
-    QVERIFY(!m->Start());
-    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
-    const RecordedTrace trace;
-
-    QVERIFY(CloseAtTitleBar(*m->window));
-
-    QCOMPARE(
-        m->questions,
-        QStringList{"Confirm Exit: Are you sure you want to exit the Tavrin Weather Utility?"});
-    QCOMPARE(trace.lines, QStringList{"unloadmode = 0"});
-    QCOMPARE(unloaded.count(), 1);
-}
-
-void tst_StartUp::goesOnWhenTheExitIsRefused()
-{
-    QVERIFY(!m->Start());
-    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
-    m->answer = false;
-
-    QVERIFY(!CloseAtTitleBar(*m->window));
-
-    QCOMPARE(unloaded.count(), 0);
-    QVERIFY(m->window->isVisible());
-    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "[Settings]\r\nFirstRun=False\r\n");
-}
-
-void tst_StartUp::endsWithoutAQuestion_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::newRow("code") << 1;
-    QTest::newRow("end of the desktop session") << 2;
-    QTest::newRow("signal") << 3;
-}
-
-void tst_StartUp::endsWithoutAQuestion()
-{
-    QFETCH(int, mode);
-    QVERIFY(!m->Start());
-    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
-    m->answer = false;
-    const RecordedTrace trace;
-
-    if (mode == 1)
-        QVERIFY(m->window->close());
-    else
-        QVERIFY(m->window->Unload(UnloadMode(mode)));
-
-    QCOMPARE(m->questions, QStringList());
-    QCOMPARE(trace.lines, QStringList{"unloadmode = " + QString::number(mode)});
-    QCOMPARE(unloaded.count(), 1);
-    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"HTTPPort"), "80");
-}
-
-void tst_StartUp::savesOnceHoweverItEnds()
-{
-    QVERIFY(!m->Start());
-    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
-    m->window->Unload(UnloadMode::Signal);
-    m->Write("TavrinWeatherSettings.ini", "");
-
-    QVERIFY(m->window->Unload(UnloadMode::DesktopSession));
-    QVERIFY(CloseAtTitleBar(*m->window));
-
-    QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "");
-    QCOMPARE(m->questions, QStringList());
-    QCOMPARE(unloaded.count(), 1);
 }
 
 void tst_StartUp::alternatesTheNotices()

@@ -1,0 +1,218 @@
+#include "app/control.h"
+#include "app/elided_label.h"
+#include "app/message_boxes.h"
+#include "app/raw_text_box.h"
+#include "app/unix_signals.h"
+#include "app/value_box.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <csignal>
+
+/// The controls of the program's own, apart from the main window.
+class tst_Boxes final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void valueBoxKeepsTheWholeValue();
+    void valueBoxCannotBeTypedInto();
+    void rawBoxLaysOutOnlyWhatIsShown();
+    void rawBoxLaysOutALongTextInPieces();
+    void rawBoxKeepsLineEndsAcrossPieces();
+    void shortLinesAreLeftAsTheyAre();
+    void longLinesAreBroken();
+    void elidedLabelKeepsItsSize();
+    void toolTipShowsMarkupLiterally();
+    void focusWatchReportsUntouchedText();
+    void questionIsAnsweredByYesOnly_data();
+    void questionIsAnsweredByYesOnly();
+    void fatalProblemBoxClosesByItself();
+    void signalsReachTheEventLoop_data();
+    void signalsReachTheEventLoop();
+};
+
+void tst_Boxes::valueBoxKeepsTheWholeValue()
+{
+    ValueBox box(nullptr);
+    const QString value(1'000'000, u'x');
+
+    box.SetValue(value);
+    QCOMPARE(box.Value(), value);
+    QCOMPARE(box.text().size(), ValueBox::kShownLength);
+    QCOMPARE(box.cursorPosition(), 0);
+
+    box.SetValue("12 mph");
+    QCOMPARE(box.Value(), "12 mph");
+    QCOMPARE(box.text(), "12 mph");
+}
+
+void tst_Boxes::valueBoxCannotBeTypedInto()
+{
+    ValueBox box(nullptr);
+    box.SetValue("68.0 F");
+
+    QTest::keyClicks(&box, "99");
+
+    QCOMPARE(box.text(), "68.0 F");
+}
+
+void tst_Boxes::rawBoxLaysOutOnlyWhatIsShown()
+{
+    RawTextBox box(nullptr);
+    box.SetText("reply");
+    QCOMPARE(box.Text(), "reply");
+    QCOMPARE(box.toPlainText(), "");
+
+    box.show();
+    QCOMPARE(box.toPlainText(), "reply");
+    box.SetText("another");
+    QCOMPARE(box.toPlainText(), "another");
+
+    box.hide();
+    QCOMPARE(box.toPlainText(), "");
+    QCOMPARE(box.Text(), "another");
+}
+
+void tst_Boxes::rawBoxLaysOutALongTextInPieces()
+{
+    const QString line(99, u'x');
+    const int lines = int(RawTextBox::kPiece / 100) * 3;
+    const QString text = (line + '\n').repeated(lines);
+    RawTextBox box(nullptr);
+    box.SetText(text);
+
+    box.show();
+    QVERIFY(box.toPlainText().size() <= RawTextBox::kPiece);
+    QTRY_COMPARE(box.toPlainText(), text);
+    QCOMPARE(box.Text(), text);
+}
+
+void tst_Boxes::rawBoxKeepsLineEndsAcrossPieces()
+{
+    // The first piece would end between CR and LF.
+    const QString text = QString(RawTextBox::kPiece - 1, u' ').replace(500, 1, "\n") + "\r\nend";
+    RawTextBox box(nullptr);
+    box.SetText(text);
+
+    box.show();
+    QTRY_VERIFY(box.toPlainText().endsWith("end"));
+
+    QVERIFY(box.toPlainText().endsWith(" \nend"));
+}
+
+void tst_Boxes::shortLinesAreLeftAsTheyAre()
+{
+    QCOMPARE(WithShortLines(u"", 5), "");
+    QCOMPARE(WithShortLines(u"12345", 5), "12345");
+    QCOMPARE(WithShortLines(u"12345\r\n12345\n1", 5), "12345\r\n12345\n1");
+}
+
+void tst_Boxes::longLinesAreBroken()
+{
+    QCOMPARE(WithShortLines(u"123456", 5), "12345\n6");
+    QCOMPARE(WithShortLines(u"123\n123456789ab", 5), "123\n12345\n6789a\nb");
+}
+
+void tst_Boxes::elidedLabelKeepsItsSize()
+{
+    ElidedLabel label(2, nullptr);
+    const QSize hint = label.sizeHint();
+    const QSize least = label.minimumSizeHint();
+
+    label.setText(QString(4000, u'x'));
+
+    QCOMPARE(label.sizeHint(), hint);
+    QCOMPARE(label.minimumSizeHint(), least);
+    QCOMPARE(least.width(), 0);
+    QVERIFY(hint.height() >= 2 * label.fontMetrics().height());
+}
+
+void tst_Boxes::toolTipShowsMarkupLiterally()
+{
+    QCOMPARE(PlainToolTip("<b>5 & 6"), "<p>&lt;b&gt;5 &amp; 6</p>");
+}
+
+void tst_Boxes::focusWatchReportsUntouchedText()
+{
+    QWidget window;
+    auto *first = new QLineEdit(&window);
+    auto *second = new QLineEdit(&window);
+    int left = 0;
+    WhenFocusIsLost(first, [&left] { ++left; });
+    window.show();
+    QApplication::setActiveWindow(&window);
+
+    first->setFocus();
+    QCOMPARE(left, 0);
+    second->setFocus();
+
+    QCOMPARE(left, 1);
+}
+
+void tst_Boxes::questionIsAnsweredByYesOnly_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::addColumn<bool>("answer");
+    QTest::newRow("yes") << int(QMessageBox::Yes) << true;
+    QTest::newRow("no") << int(QMessageBox::No) << false;
+    QTest::newRow("closed") << 0 << false;
+}
+
+void tst_Boxes::questionIsAnsweredByYesOnly()
+{
+    QFETCH(int, button);
+    QFETCH(bool, answer);
+    QString shown;
+    QTimer::singleShot(0, this, [button, &shown] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        shown = box->windowTitle() + ": " + box->text();
+        if (button == 0)
+            box->reject();
+        else
+            box->button(QMessageBox::StandardButton(button))->click();
+    });
+
+    QCOMPARE(AskYesNo(nullptr, "Confirm Exit", "Are you sure?"), answer);
+    QCOMPARE(shown, "Confirm Exit: Are you sure?");
+}
+
+void tst_Boxes::fatalProblemBoxClosesByItself()
+{
+    QString shown;
+    QTimer::singleShot(0, this, [&shown] {
+        shown = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->text();
+    });
+
+    ShowFatalProblem("cannot start", std::chrono::milliseconds(20)); // returns without a click
+
+    QCOMPARE(shown, "cannot start");
+}
+
+void tst_Boxes::signalsReachTheEventLoop_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void tst_Boxes::signalsReachTheEventLoop()
+{
+    QFETCH(int, number);
+    std::signal(number, SIG_DFL); // whatever the test was started from
+    const UnixSignals endSignals;
+    const QSignalSpy requested(&endSignals, &UnixSignals::EndRequested);
+
+    std::raise(number);
+    QCOMPARE(requested.count(), 0); // nothing runs inside the signal handler
+    QTRY_COMPARE(requested.count(), 1);
+}
+
+QTEST_MAIN(tst_Boxes)
+#include "tst_boxes.moc"
