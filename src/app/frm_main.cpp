@@ -188,6 +188,8 @@ void frmMain::Form_Unload()
 {
     if (!std::exchange(m_running, false))
         return;
+    for (QTimer *timer : {&tmrMain, &tmrWeatherCheck, &tmrDisclamer})
+        timer->stop(); // nothing is requested or written any more
     m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
     m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
     SaveSettings(m_state.files.Settings(), GatherSettings());

@@ -50,6 +50,7 @@ void PageControls::BuildWeatherPage(QGroupBox *page)
     lblDisclaimer1->setText(u"This weather display is intended for configuration verification and "
                             "is not ideal for on-air reading."_s);
     lblWeatherCopyright = MakeControl<ElidedLabel>(page, u"lblWeatherCopyright"_s, 2);
+    lblWeatherCopyright->setText(u"Weather data is provided by the selected service."_s);
     lblWeatherCopyright->hide();
     lblStatus = MakeControl<ElidedLabel>(page, u"lblStatus"_s, 2);
     lblStatus->setText(u"Loading..."_s);

@@ -3,12 +3,15 @@
 #include "app/control.h"
 
 #include <QHelpEvent>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
 #include <QToolTip>
 
 namespace {
 
-constexpr int kFrame = 5;     // above and below the text together
-constexpr int kMinWidth = 40; // narrower is no use to anyone
+constexpr int kFrame = 5;      // above and below the text together
+constexpr int kTextMargin = 2; // as in a line edit
+constexpr int kMinWidth = 40;  // narrower is no use to anyone
 
 } // namespace
 
@@ -42,4 +45,23 @@ bool ValueBox::event(QEvent *event)
         return true;
     }
     return QLineEdit::event(event);
+}
+
+void ValueBox::paintEvent(QPaintEvent *event)
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect room = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+                           .adjusted(kTextMargin, 0, -kTextMargin, 0);
+    // With the focus it is a line edit that can be scrolled and copied from.
+    if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= room.width()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, int(Qt::AlignLeft | Qt::AlignVCenter),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }

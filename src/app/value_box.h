@@ -6,7 +6,7 @@
 ///
 /// A line edit cuts at 32,767 characters and takes seconds to lay out a long text; what is shown
 /// here is written to a file, so the box keeps the whole value and shows its beginning only;
-/// the tool tip shows more of it.
+/// a value that does not fit ends in an ellipsis, and the tool tip shows more of it.
 class ValueBox final : public QLineEdit
 {
     Q_OBJECT
@@ -25,6 +25,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QString m_value;
