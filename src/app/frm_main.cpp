@@ -64,7 +64,7 @@ std::optional<QString> frmMain::Form_Load(const QString &command)
     for (ElidedLabel *title : lblLocationTitle)
         title->clear();
     TakeCommand(command);
-    txtWeatherInfo->SetText({});
+    txtWeatherInfo->SetReply({});
     Trace(u"Form_Load Point 2");
     m_state.minMax = {.MinMaxDay = qint16(today.day())};
     LoadProfiles();

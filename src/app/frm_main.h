@@ -117,7 +117,7 @@ private:
 
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
     qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.
-    bool m_running = false; ///< From the end of Form_Load() to Form_Unload().
+    bool m_running = false;           ///< From the end of Form_Load() to Form_Unload().
 
     QTimer tmrMain;         ///< 250 ms: polls the transfers, counts down to the forecast request.
     QTimer tmrWeatherCheck; ///< 1 s: counts down to the weather request.

@@ -173,7 +173,7 @@ void frmMain::SetStatus(const QString &text)
 
 void frmMain::ShowRawData(const QString &reply)
 {
-    txtWeatherInfo->SetText(RawDataText(reply));
+    txtWeatherInfo->SetReply(reply);
 }
 
 void frmMain::CheckMinMaxTemp(double temp)

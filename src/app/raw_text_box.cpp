@@ -1,5 +1,7 @@
 #include "app/raw_text_box.h"
 
+#include "weather/weather_data.h"
+
 #include <QTextCursor>
 
 #include <chrono>
@@ -13,15 +15,6 @@ constexpr qsizetype kLongestLine = 2000; // a line is laid out as a whole
 bool IsLineEnd(QChar character)
 {
     return character == u'\n' || character == u'\r';
-}
-
-/// The next piece of the text; a pair of CR and LF stays together.
-QStringView NextPiece(QStringView text, qsizetype length)
-{
-    QStringView piece = text.first(qMin(length, text.size()));
-    if (piece.size() > 1 && piece.size() < text.size() && piece.endsWith(u'\r'))
-        piece.chop(1);
-    return piece;
 }
 
 } // namespace
@@ -54,11 +47,16 @@ RawTextBox::RawTextBox(QWidget *parent) : QPlainTextEdit(parent)
     connect(&m_more, &QTimer::timeout, this, &RawTextBox::LayOutMore);
 }
 
-void RawTextBox::SetText(const QString &text)
+void RawTextBox::SetReply(const QString &reply)
 {
-    m_text = text;
+    m_reply = reply;
     if (isVisible())
         LayOut();
+}
+
+QString RawTextBox::Text() const
+{
+    return RawDataText(m_reply);
 }
 
 void RawTextBox::showEvent(QShowEvent *event)
@@ -84,11 +82,12 @@ void RawTextBox::LayOut()
 
 void RawTextBox::LayOutMore()
 {
-    const QStringView piece = NextPiece(QStringView(m_text).sliced(m_laidOut), kPiece);
+    const QStringView rest = QStringView(m_reply).sliced(m_laidOut);
+    const QStringView piece = rest.first(qMin(kPiece, rest.size()));
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
-    end.insertText(WithShortLines(piece, kLongestLine));
+    end.insertText(WithShortLines(RawDataText(piece), kLongestLine));
     m_laidOut += piece.size();
-    if (m_laidOut == m_text.size())
+    if (m_laidOut == m_reply.size())
         m_more.stop();
 }

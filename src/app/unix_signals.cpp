@@ -34,7 +34,7 @@ bool IsToBeIgnored(int number)
 {
     struct sigaction before = {};
     return number == SIGHUP && sigaction(number, nullptr, &before) == 0
-           && before.sa_handler == SIG_IGN;
+        && before.sa_handler == SIG_IGN;
 }
 
 void SetHandler(void (*handler)(int))

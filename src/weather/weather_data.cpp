@@ -256,7 +256,7 @@ void ReportMissingNode(QStringView which, const QDateTime &now, StatusLine &stat
 
 } // namespace
 
-QString RawDataText(const QString &reply)
+QString RawDataText(QStringView reply)
 {
     constexpr QLatin1StringView kTab = "     "_L1;
     QString text;

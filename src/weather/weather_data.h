@@ -23,7 +23,7 @@ public:
 };
 
 /// The reply as the raw-data box shows it: CR LF line ends, five spaces for a tab.
-[[nodiscard]] QString RawDataText(const QString &reply);
+[[nodiscard]] QString RawDataText(QStringView reply);
 
 /// Cuts the values of `profile` out of a service's reply and puts them into `profile.values`.
 ///

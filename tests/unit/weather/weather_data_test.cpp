@@ -450,8 +450,8 @@ TEST_F(WeatherData, OnlyShowsTheReplyWithoutAProfile)
 
 TEST(RawDataText, HasCrLfLineEndsAndSpacesForTabs)
 {
-    EXPECT_EQ(RawDataText("a\r\nb\nc\rd\te"), "a\r\nb\r\ncd     e");
-    EXPECT_EQ(RawDataText(""), "");
+    EXPECT_EQ(RawDataText(u"a\r\nb\nc\rd\te"), "a\r\nb\r\ncd     e");
+    EXPECT_EQ(RawDataText(u""), "");
 }
 
 } // namespace
