@@ -7,26 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
+QString PortSuffix(const QString &port)
+{
+    return port == "80"_L1 ? QString() : u':' + port;
+}
 
-/// The template with its tokens filled, one after the other: a later token inside a location is
-/// filled too. Only the first location is encoded; the others go in as they are.
-QString FillTemplate(const WeatherProfile &profile, const QString &portSuffix)
+// The tokens are filled one after the other: a later one inside a location is filled too. Only the
+// first location is encoded; the others go in as they are.
+QString RequestAddress(const WeatherProfile &profile, const QString &port)
 {
     QString address = profile.baseURL;
-    address.replace("%PORT%"_L1, portSuffix);
+    address.replace("%PORT%"_L1, PortSuffix(port));
     address.replace("%LOC1%"_L1, UrlEncode(profile.location[0]));
     address.replace("%LOC2%"_L1, profile.location[1]);
     address.replace("%LOC3%"_L1, profile.location[2]);
     address.replace("%LOC4%"_L1, profile.location[3]);
     return address;
-}
-
-} // namespace
-
-QString PortSuffix(const QString &port)
-{
-    return port == "80"_L1 ? QString() : u':' + port;
 }
 
 bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
@@ -46,7 +42,7 @@ bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
         return false;
     }
 
-    const QString address = FillTemplate(*profile, PortSuffix(port));
+    const QString address = RequestAddress(*profile, port);
     Trace(u"Request URL: ", address);
     status.SetStatus("Requesting Weather Data From URL: "_L1 + address);
     return http.Net_HTTPThreadGet(WeatherThreadHandle, address);

@@ -11,6 +11,9 @@
 /// text.
 [[nodiscard]] QString PortSuffix(const QString &port);
 
+/// The address that `profile` asks: its template with "%PORT%" and "%LOC1%".."%LOC4%" filled.
+[[nodiscard]] QString RequestAddress(const WeatherProfile &profile, const QString &port);
+
 /// Starts the transfer of the current weather of `profile` in the background; a transfer that still
 /// runs is given up. Reports on `status` what it does.
 ///
