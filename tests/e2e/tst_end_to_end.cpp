@@ -106,6 +106,9 @@ private:
     void TakeProfiles(const QString &name, const QByteArray &host) const;
     void Start(const QStringList &arguments = {});
 
+    /// Ends the program as the system does; it must agree, and have nothing to complain of.
+    void EndProgram();
+
     /// What lies in the folder, in alphabetical order.
     [[nodiscard]] QStringList Files() const;
 
@@ -142,6 +145,14 @@ void tst_end_to_end::Start(const QStringList &arguments)
     m_program = std::make_unique<ChildProgram>(TAVRIN_PROGRAM, arguments, environment);
 }
 
+void tst_end_to_end::EndProgram()
+{
+    m_program->Terminate();
+    const int exitCode = m_program->ExitCode();
+    QCOMPARE(m_program->Errors(), "");
+    QCOMPARE(exitCode, 0);
+}
+
 QStringList tst_end_to_end::Files() const
 {
     return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -157,12 +168,10 @@ void tst_end_to_end::writesTheWeatherOfTheDemoHost()
 
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Weather.ini")), kPatience);
     QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
-    m_program->Terminate();
-    QCOMPARE(m_program->ExitCode(), 0);
+    EndProgram();
     QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
     QCOMPARE(Bytes(Path("TavrinWeatherSettings.ini")), Expected("observation_settings.ini"));
     QVERIFY(Bytes(Path("TavrinWeatherMinMax.ini")).contains("MIN=73.4\r\nMAX=73.4\r\n"));
-    QCOMPARE(m_program->Errors(), "");
 }
 
 void tst_end_to_end::keepsToSessionAndCodePage()
@@ -178,8 +187,7 @@ void tst_end_to_end::keepsToSessionAndCodePage()
     QCOMPARE(service.LastRequest(), "/now?place=Alter%20Hafen&mast=7");
     QVERIFY2(service.LastAgent().startsWith("TavrinWeatherUtility/" TAVRIN_VERSION),
              service.LastAgent());
-    m_program->Terminate();
-    QCOMPARE(m_program->ExitCode(), 0);
+    EndProgram();
     QCOMPARE(Bytes(Path("Weather3.ini")), Expected("harbour_weather3.ini"));
     QCOMPARE(Bytes(Path("TavrinWeatherSettings3.ini")), Expected("harbour_settings3.ini"));
     QCOMPARE(Files(), QStringList({"TavrinWeatherMinMax3.ini", "TavrinWeatherProfiles.ini",
@@ -197,8 +205,7 @@ void tst_end_to_end::writesNothingWithoutATemperature()
     QTRY_VERIFY_WITH_TIMEOUT(
         Bytes(Path("trace.txt")).contains("Required value not found in received data: temperature"),
         kPatience);
-    m_program->Terminate();
-    QCOMPARE(m_program->ExitCode(), 0);
+    EndProgram();
     QVERIFY(!QFile::exists(Path("Weather.ini")));
 }
 
