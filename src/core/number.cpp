@@ -94,24 +94,27 @@ std::optional<double> ValueOf(QStringView number)
     return IsTiny(ascii) ? std::optional(0.0) : std::nullopt;
 }
 
-QString ExponentText(const DecimalNumber &number)
+std::string ExponentText(const DecimalNumber &number)
 {
-    QString text = QString::fromLatin1(number.digits.data(), 1);
+    std::string text = number.digits.substr(0, 1);
     if (number.digits.size() > 1)
-        text += u'.' + QString::fromStdString(number.digits.substr(1));
+        text.append(1, '.').append(number.digits, 1);
     const int exponent = number.pointAt - 1;
-    return text + (exponent < 0 ? "E-"_L1 : "E+"_L1)
-         + QString::number(std::abs(exponent)).rightJustified(2, u'0');
+    const std::string power = std::to_string(std::abs(exponent));
+    text.append(exponent < 0 ? "E-" : "E+");
+    return text.append(power.size() < 2 ? "0" : "").append(power);
 }
 
-QString PlainText(const DecimalNumber &number)
+std::string PlainText(const DecimalNumber &number)
 {
-    const QString digits = QString::fromStdString(number.digits);
-    if (number.pointAt <= 0)
-        return "0."_L1 + QString(-number.pointAt, u'0') + digits;
-    if (number.pointAt >= digits.size())
-        return digits.leftJustified(number.pointAt, u'0');
-    return digits.first(number.pointAt) + u'.' + digits.sliced(number.pointAt);
+    const auto ahead = static_cast<std::size_t>(std::max(number.pointAt, 0));
+    if (ahead == 0)
+        return std::string("0.").append(static_cast<std::size_t>(-number.pointAt), '0')
+             + number.digits;
+    std::string text = number.digits;
+    if (ahead >= text.size())
+        return text.append(ahead - text.size(), '0');
+    return text.insert(ahead, 1, '.');
 }
 
 } // namespace
@@ -154,8 +157,8 @@ QString NumberToText(double value)
         return u"0"_s;
     const int behindPoint = static_cast<int>(number.digits.size()) - number.pointAt;
     const bool plain = number.pointAt <= kPlainLimit && behindPoint <= kPlainLimit;
-    const QString text = plain ? PlainText(number) : ExponentText(number);
-    return number.negative ? u'-' + text : text;
+    const std::string text = plain ? PlainText(number) : ExponentText(number);
+    return QString::fromStdString(number.negative ? '-' + text : text);
 }
 
 std::optional<qint16> ToInt16(double value)

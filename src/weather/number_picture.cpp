@@ -202,23 +202,36 @@ void Round(DecimalNumber &number, int decimals)
     number.digits.erase(number.digits.find_last_not_of('0') + 1);
 }
 
-/// The digits ahead of the point, none for a value below one.
-QString IntegerDigits(const DecimalNumber &number)
+/// The digit at `index` behind the number's own first one, "0" outside its significant digits.
+QChar DigitAt(const DecimalNumber &number, int index)
 {
-    if (number.digits.empty() || number.pointAt <= 0)
-        return {};
-    const QString digits = QString::fromStdString(number.digits);
-    return digits.left(number.pointAt).leftJustified(number.pointAt, u'0');
+    const bool significant = index >= 0 && index < static_cast<int>(number.digits.size());
+    return significant ? QLatin1Char(number.digits[static_cast<std::size_t>(index)])
+                       : QLatin1Char('0');
 }
 
-/// The significant digits behind the point.
-QString DecimalDigits(const DecimalNumber &number)
+/// The digits ahead of the point, at least `least`; a value below one has none of its own.
+QString IntegerDigits(const DecimalNumber &number, int least)
 {
-    if (number.digits.empty())
-        return {};
-    const QString digits = QString::fromStdString(number.digits);
-    return number.pointAt >= 0 ? digits.mid(number.pointAt)
-                               : QString(-number.pointAt, u'0') + digits;
+    const int own = number.digits.empty() ? 0 : std::max(number.pointAt, 0);
+    const int length = std::max(own, least);
+    QString digits(length, Qt::Uninitialized);
+    for (int i = 0; i < length; ++i)
+        digits[i] = i < length - own ? QLatin1Char('0') : DigitAt(number, i - (length - own));
+    return digits;
+}
+
+/// The significant digits behind the point, at least `least`.
+QString DecimalDigits(const DecimalNumber &number, int least)
+{
+    const int own = number.digits.empty()
+                      ? 0
+                      : std::max(static_cast<int>(number.digits.size()) - number.pointAt, 0);
+    const int length = std::max(own, least);
+    QString digits(length, Qt::Uninitialized);
+    for (int i = 0; i < length; ++i)
+        digits[i] = i < own ? DigitAt(number, number.pointAt + i) : QLatin1Char('0');
+    return digits;
 }
 
 /// Puts a number's digits into the places of a section.
@@ -227,8 +240,8 @@ class Composer
 public:
     Composer(const Section &section, const DecimalNumber &number, int exponent)
         : m_section(section)
-        , m_integer(IntegerDigits(number).rightJustified(section.leastIntegerDigits, u'0'))
-        , m_decimals(DecimalDigits(number).leftJustified(section.leastDecimals, u'0'))
+        , m_integer(IntegerDigits(number, section.leastIntegerDigits))
+        , m_decimals(DecimalDigits(number, section.leastDecimals))
         , m_exponent(exponent)
     {}
 

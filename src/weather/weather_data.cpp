@@ -71,7 +71,7 @@ QString ExtremeValue(double extreme, bool neutral, QString units, QLatin1StringV
 {
     if (neutral)
         return kNotAvailable.toString();
-    return NumberToText(extreme) + units.remove(token);
+    return NumberToText(extreme).append(units.remove(token));
 }
 
 /// Reads the quantities of one profile from one reply.
