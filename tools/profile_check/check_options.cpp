@@ -42,8 +42,8 @@ bool ReadLocation(const QString &text, CheckOptions &options)
 /// An option that takes one value.
 struct ValueOption
 {
-    QLatin1StringView name;
-    bool (*read)(const QString &, CheckOptions &);
+    QLatin1StringView name = {};
+    bool (*read)(const QString &, CheckOptions &) = nullptr;
 };
 
 constexpr std::array kValueOptions{

@@ -11,69 +11,72 @@ namespace {
 constexpr std::size_t kProfile = 5;
 
 /// Every quantity that the profile reads stands on a line of its own, but the description.
+constexpr const char *kFullReply = R"({
+  "current_condition": [
+      {
+          "FeelsLikeC": "-13",
+          "FeelsLikeF": "8",
+          "cloudcover": "0",
+          "humidity": "68",
+          "localObsDateTime": "2026-02-03 03:15 PM",
+          "observation_time": "02:15 PM",
+          "precipInches": "0.0",
+          "precipMM": "0.0",
+          "pressure": "1018",
+          "pressureInches": "30",
+          "temp_C": "-7",
+          "temp_F": "20",
+          "uvIndex": "0",
+          "visibility": "10",
+          "visibilityMiles": "6",
+          "weatherCode": "113",
+          "weatherDesc": [
+              {
+                  "value": "Sunny"
+              }
+          ],
+          "weatherIconUrl": [
+              {
+                  "value": ""
+              }
+          ],
+          "winddir16Point": "E",
+          "winddirDegree": "89",
+          "windspeedKmph": "18",
+          "windspeedMiles": "11"
+      }
+  ],
+  "nearest_area": [
+      {
+          "areaName": [
+              {
+                  "value": "Harbour Town"
+              }
+          ],
+          "latitude": "52.250"
+      }
+  ],
+  "weather": [
+      {
+          "astronomy": [
+              {
+                  "moonset": "07:58 AM",
+                  "sunrise": "07:14 AM",
+                  "sunset": "04:26 PM"
+              }
+          ],
+          "avgtempC": "-12",
+          "sunHour": "9.0",
+          "totalSnow_cm": "0.0",
+          "uvIndex": "0"
+      }
+  ]
+}
+)";
+
 QString FullReply()
 {
-    return "{\n"
-           "  \"current_condition\": [\n"
-           "      {\n"
-           "          \"FeelsLikeC\": \"-13\",\n"
-           "          \"FeelsLikeF\": \"8\",\n"
-           "          \"cloudcover\": \"0\",\n"
-           "          \"humidity\": \"68\",\n"
-           "          \"localObsDateTime\": \"2026-02-03 03:15 PM\",\n"
-           "          \"observation_time\": \"02:15 PM\",\n"
-           "          \"precipInches\": \"0.0\",\n"
-           "          \"precipMM\": \"0.0\",\n"
-           "          \"pressure\": \"1018\",\n"
-           "          \"pressureInches\": \"30\",\n"
-           "          \"temp_C\": \"-7\",\n"
-           "          \"temp_F\": \"20\",\n"
-           "          \"uvIndex\": \"0\",\n"
-           "          \"visibility\": \"10\",\n"
-           "          \"visibilityMiles\": \"6\",\n"
-           "          \"weatherCode\": \"113\",\n"
-           "          \"weatherDesc\": [\n"
-           "              {\n"
-           "                  \"value\": \"Sunny\"\n"
-           "              }\n"
-           "          ],\n"
-           "          \"weatherIconUrl\": [\n"
-           "              {\n"
-           "                  \"value\": \"\"\n"
-           "              }\n"
-           "          ],\n"
-           "          \"winddir16Point\": \"E\",\n"
-           "          \"winddirDegree\": \"89\",\n"
-           "          \"windspeedKmph\": \"18\",\n"
-           "          \"windspeedMiles\": \"11\"\n"
-           "      }\n"
-           "  ],\n"
-           "  \"nearest_area\": [\n"
-           "      {\n"
-           "          \"areaName\": [\n"
-           "              {\n"
-           "                  \"value\": \"Harbour Town\"\n"
-           "              }\n"
-           "          ],\n"
-           "          \"latitude\": \"52.250\"\n"
-           "      }\n"
-           "  ],\n"
-           "  \"weather\": [\n"
-           "      {\n"
-           "          \"astronomy\": [\n"
-           "              {\n"
-           "                  \"moonset\": \"07:58 AM\",\n"
-           "                  \"sunrise\": \"07:14 AM\",\n"
-           "                  \"sunset\": \"04:26 PM\"\n"
-           "              }\n"
-           "          ],\n"
-           "          \"avgtempC\": \"-12\",\n"
-           "          \"sunHour\": \"9.0\",\n"
-           "          \"totalSnow_cm\": \"0.0\",\n"
-           "          \"uvIndex\": \"0\"\n"
-           "      }\n"
-           "  ]\n"
-           "}\n";
+    return kFullReply;
 }
 
 WeatherValues FullValues()
@@ -103,14 +106,14 @@ struct OptionalLine
 };
 
 const std::vector<OptionalLine> kOptional{
-    {"\"humidity\"", {&WeatherValues::humidityValue, &WeatherValues::dewPointValue}},
-    {"\"precipMM\"", {&WeatherValues::precipValue}},
-    {"\"pressure\"", {&WeatherValues::atmosPressValue}},
-    {"\"visibility\"", {&WeatherValues::visibilityValue}},
-    {"\"winddir16Point\"", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {"\"windspeedKmph\"", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {"\"sunrise\"", {&WeatherValues::sunriseValue}},
-    {"\"sunset\"", {&WeatherValues::sunsetValue}},
+    {R"("humidity")", {&WeatherValues::humidityValue, &WeatherValues::dewPointValue}},
+    {R"("precipMM")", {&WeatherValues::precipValue}},
+    {R"("pressure")", {&WeatherValues::atmosPressValue}},
+    {R"("visibility")", {&WeatherValues::visibilityValue}},
+    {R"("winddir16Point")", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
+    {R"("windspeedKmph")", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
+    {R"("sunrise")", {&WeatherValues::sunriseValue}},
+    {R"("sunset")", {&WeatherValues::sunsetValue}},
 };
 
 TEST(ShippedPlace, GivesAllValues)
@@ -146,8 +149,8 @@ TEST(ShippedPlace, ShowsWhatIsMissingInAnyCombinationAsNotAvailable)
 TEST(ShippedPlace, ShowsEmptyValuesAsNotAvailable)
 {
     const QString reply = FullReply()
-                              .replace("\"humidity\": \"68\"", "\"humidity\": \"\"")
-                              .replace("\"sunset\": \"04:26 PM\"", "\"sunset\": \"\"");
+                              .replace(R"("humidity": "68")", R"("humidity": "")")
+                              .replace(R"("sunset": "04:26 PM")", R"("sunset": "")");
     WeatherValues expected = FullValues();
     expected.humidityValue = "N/A";
     expected.dewPointValue = "N/A";
@@ -159,9 +162,9 @@ TEST(ShippedPlace, ShowsEmptyValuesAsNotAvailable)
 TEST(ShippedPlace, ShowsNullAsNotAvailable)
 {
     const QString reply = FullReply()
-                              .replace("\"humidity\": \"68\"", "\"humidity\": null")
-                              .replace("\"pressure\": \"1018\"", "\"pressure\": null")
-                              .replace("\"windspeedKmph\": \"18\"", "\"windspeedKmph\": null");
+                              .replace(R"("humidity": "68")", R"("humidity": null)")
+                              .replace(R"("pressure": "1018")", R"("pressure": null)")
+                              .replace(R"("windspeedKmph": "18")", R"("windspeedKmph": null)");
     WeatherValues expected = FullValues();
     expected.humidityValue = "N/A";
     expected.dewPointValue = "N/A";
@@ -175,8 +178,8 @@ TEST(ShippedPlace, ShowsNullAsNotAvailable)
 TEST(ShippedPlace, ShowsCalmWindAsZeroAndReadsWarmth)
 {
     const QString reply = FullReply()
-                              .replace("\"windspeedKmph\": \"18\"", "\"windspeedKmph\": \"0\"")
-                              .replace("\"temp_C\": \"-7\"", "\"temp_C\": \"0\"");
+                              .replace(R"("windspeedKmph": "18")", R"("windspeedKmph": "0")")
+                              .replace(R"("temp_C": "-7")", R"("temp_C": "0")");
     WeatherValues expected = FullValues();
     expected.temperatureValue = "0.0 C";
     expected.windSpeedDirValue = "0 km/h E";
@@ -188,8 +191,8 @@ TEST(ShippedPlace, ShowsCalmWindAsZeroAndReadsWarmth)
 
 TEST(ShippedPlace, RefusesAReplyWithoutTemperatureOrDescription)
 {
-    const QString noTemperature = WithoutLine(FullReply(), "\"temp_C\"");
-    const QString nullTemperature = FullReply().replace("\"temp_C\": \"-7\"", "\"temp_C\": null");
+    const QString noTemperature = WithoutLine(FullReply(), R"("temp_C")");
+    const QString nullTemperature = FullReply().replace(R"("temp_C": "-7")", R"("temp_C": null)");
     for (const QString &reply : {noTemperature, nullTemperature}) {
         const Outcome outcome = Parse(kProfile, reply);
         EXPECT_FALSE(outcome.parsed);
@@ -198,7 +201,7 @@ TEST(ShippedPlace, RefusesAReplyWithoutTemperatureOrDescription)
                   QStringList{"Required value not found in received data: temperature"});
     }
 
-    const Outcome noDescription = Parse(kProfile, WithoutLine(FullReply(), "\"weatherDesc\""));
+    const Outcome noDescription = Parse(kProfile, WithoutLine(FullReply(), R"("weatherDesc")"));
     EXPECT_FALSE(noDescription.parsed);
     EXPECT_EQ(noDescription.values, Lines({}));
     EXPECT_EQ(noDescription.statuses,

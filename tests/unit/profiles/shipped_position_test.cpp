@@ -59,20 +59,20 @@ Members With(Members members, const QString &name, const QString &value)
 
 QString Reply(const Members &members)
 {
-    QString current = "{\"time\":\"2026-07-02T10:30\",\"interval\":900";
-    QString currentUnits = "{\"time\":\"iso8601\",\"interval\":\"seconds\"";
-    QString daily = "{\"time\":[\"2026-07-02\"]";
-    QString dailyUnits = "{\"time\":\"iso8601\"";
+    QString current = R"({"time":"2026-07-02T10:30","interval":900)";
+    QString currentUnits = R"({"time":"iso8601","interval":"seconds")";
+    QString daily = R"({"time":["2026-07-02"])";
+    QString dailyUnits = R"({"time":"iso8601")";
     for (const auto &[name, value] : members) {
         const bool ofDay = name.startsWith("sun") || name.startsWith("uv");
         (ofDay ? daily : current) += ",\"" + name + "\":" + value;
-        (ofDay ? dailyUnits : currentUnits) += ",\"" + name + "\":\"unit\"";
+        (ofDay ? dailyUnits : currentUnits) += ",\"" + name + R"(":"unit")";
     }
-    return "{\"latitude\":51.5,\"longitude\":-0.25,\"generationtime_ms\":0.41,"
-           "\"utc_offset_seconds\":3600,\"timezone\":\"Europe/London\","
-           "\"timezone_abbreviation\":\"GMT+1\",\"elevation\":23.0,\"current_units\":"
-         + currentUnits + "},\"current\":" + current + "},\"daily_units\":" + dailyUnits
-         + "},\"daily\":" + daily + "}}";
+    const QString head =
+        R"({"latitude":51.5,"longitude":-0.25,"generationtime_ms":0.41,"utc_offset_seconds":3600,)"
+        R"("timezone":"Europe/London","timezone_abbreviation":"GMT+1","elevation":23.0,)";
+    return head + R"("current_units":)" + currentUnits + R"(},"current":)" + current
+         + R"(},"daily_units":)" + dailyUnits + R"(},"daily":)" + daily + "}}";
 }
 
 WeatherValues MetricValues()

@@ -75,15 +75,26 @@ TEST(ShippedProfiles, RefuseWhatIsNoReply)
 {
     const QStringList replies{
         "",
-        "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML 2.0//EN\">\n<html><head>\n<title>404 Not "
-        "Found</title>\n</head><body>\n<h1>Not Found</h1>\n<p>The requested URL was not found on "
-        "this server.</p>\n<hr>\n<address>Apache Server at 10:20 Port 80</address></body></html>\n",
-        "<html><head><title>Login</title></head><body>Temperature: 20 F (-7 C) { } ob: "
-        "</body></html>",
+        R"(<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML 2.0//EN">
+<html><head>
+<title>404 Not Found</title>
+</head><body>
+<h1>Not Found</h1>
+<p>The requested URL was not found on this server.</p>
+<hr>
+<address>Apache Server at 10:20 Port 80</address></body></html>
+)",
+        R"(<html><head><title>Log in, 2026</title></head>
+<body>Temperature: 20 F (-7 C) { "temperature_2m":1, } ob: </body></html>
+)",
         R"({"error":true,"reason":"Latitude must be in range of -90 to 90. Given: 512."})",
-        "{\n    \"correlationId\": \"2ab\",\n    \"title\": \"Not Found\",\n    \"type\": "
-        "\"https://api.weather.gov/problems/NotFound\",\n    \"status\": 404,\n    \"detail\": "
-        "\"Not Found\"\n}",
+        R"({
+    "correlationId": "2ab",
+    "title": "Not Found",
+    "type": "https://api.weather.gov/problems/NotFound",
+    "status": 404,
+    "detail": "Not Found"
+})",
         "Unknown location; please try ~51.5,-0.12",
     };
 
