@@ -42,9 +42,9 @@ QString PlainToolTip(const QString &text)
     return u"<p>"_s + text.left(kLongest).toHtmlEscaped() + u"</p>"_s;
 }
 
-void WhenFocusIsLost(QWidget *control, std::function<void()> left)
+std::unique_ptr<QObject> WhenFocusIsLost(QWidget *control, std::function<void()> left)
 {
-    new FocusWatch(control, std::move(left)); // owned by the control
+    return std::make_unique<FocusWatch>(control, std::move(left));
 }
 
 void DescribeControlsByName(QWidget &window)

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 /// Logical pixels of a length in twips, of which fifteen make one pixel.
@@ -28,8 +29,11 @@ void SetBold(QWidget *control, bool bold);
 /// `text` as a tool tip that shows it literally, whatever it holds, in lines of a handy length.
 [[nodiscard]] QString PlainToolTip(const QString &text);
 
-/// Calls `left` whenever `control` loses the keyboard focus, edited or not.
-void WhenFocusIsLost(QWidget *control, std::function<void()> left);
+/// Calls `left` whenever `control` loses the keyboard focus, edited or not, for as long as the
+/// returned object lives. Whoever `left` needs keeps it, or `left` would still be called when the
+/// control goes away.
+[[nodiscard]] std::unique_ptr<QObject> WhenFocusIsLost(QWidget *control,
+                                                       std::function<void()> left);
 
 /// Gives the window and every control in it its own name as accessible description, for automated
 /// checks of the running window.

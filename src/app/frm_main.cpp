@@ -162,8 +162,8 @@ void frmMain::ConnectControls()
     for (int i = 0; i < int(cmdPage.size()); ++i)
         connect(cmdPage[size_t(i)], &QPushButton::clicked, this, [this, i] { cmdPage_Click(i); });
     connect(txtFocus, &QLineEdit::textChanged, this, &frmMain::txtFocus_Change);
-    WhenFocusIsLost(txtFocus, [this] { txtFocus_LostFocus(); });
-    WhenFocusIsLost(txtHTTPPort, [this] { txtHTTPPort_LostFocus(); });
+    m_focusWatches = {WhenFocusIsLost(txtFocus, [this] { txtFocus_LostFocus(); }),
+                      WhenFocusIsLost(txtHTTPPort, [this] { txtHTTPPort_LostFocus(); })};
     connect(chkMinimizeOnStartup, &QCheckBox::toggled, this, &frmMain::chkMinimizeOnStartup_Click);
 
     connect(&tmrMain, &QTimer::timeout, this, &frmMain::tmrMain_Timer);

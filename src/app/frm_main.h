@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 /// Who ends the program. Only the user at the title bar is asked.
@@ -120,6 +121,8 @@ private:
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
     qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.
     bool m_running = false;           ///< From the end of Form_Load() to Form_Unload().
+
+    std::array<std::unique_ptr<QObject>, 2> m_focusWatches; ///< Of txtFocus and txtHTTPPort.
 
     QTimer tmrMain;         ///< 250 ms: polls the transfers, counts down to the forecast request.
     QTimer tmrWeatherCheck; ///< 1 s: counts down to the weather request.

@@ -14,6 +14,8 @@ void ShowFatalProblem(const QString &problem, std::chrono::milliseconds patience
 {
     QMessageBox box(QMessageBox::Critical, u"Tavrin Weather Utility"_s, problem, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    QTimer::singleShot(patience, &box, &QMessageBox::accept);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &box, &QMessageBox::accept);
+    timer.start(patience);
     box.exec();
 }

@@ -159,7 +159,8 @@ void PageControls::BuildSettingsPage(QGroupBox *page)
 QGroupBox *PageControls::BuildForecastTimes(QGroupBox *page)
 {
     auto *frame = MakeControl<QGroupBox>(page, u"frmForecastTimes"_s, u"Get Forecast Info At..."_s);
-    auto *grid = new QGridLayout(frame); // owned by the frame
+    auto *grid = new QGridLayout;
+    frame->setLayout(grid); // which owns it
     for (int i = 0; i < int(chkForecastTime.size()); ++i) {
         auto *box = MakeControl<QCheckBox>(frame, u"chkForecastTime"_s + QString::number(i),
                                            kForecastTimes[size_t(i)].toString());
@@ -173,7 +174,8 @@ QGroupBox *PageControls::BuildCheckIntervals(QGroupBox *page)
 {
     auto *frame =
         MakeControl<QGroupBox>(page, u"frmCheckInterval"_s, u"Get Current Weather Info Every..."_s);
-    auto *grid = new QGridLayout(frame); // owned by the frame
+    auto *grid = new QGridLayout;
+    frame->setLayout(grid); // which owns it
     for (int i = 0; i < int(optCheckInterval.size()); ++i) {
         auto *button = MakeControl<QRadioButton>(frame, u"optCheckInterval"_s + QString::number(i),
                                                  kCheckIntervals[size_t(i)].caption.toString());

@@ -17,7 +17,7 @@ class RawTextBox final : public QPlainTextEdit
 
 public:
     /// Characters of the reply that are laid out at once; the first piece is there at once, too.
-    static constexpr qsizetype kPiece = 128 * 1024;
+    static constexpr qsizetype kPiece = qsizetype{128} * 1024;
 
     explicit RawTextBox(QWidget *parent);
 

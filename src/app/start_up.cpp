@@ -68,7 +68,7 @@ QString SessionFromCommand(const QString &command)
     if (found < 0 || digitAt + 1 < command.size())
         return {};
 
-    const QString digit = command.mid(digitAt, 1);
+    QString digit = command.mid(digitAt, 1);
     Trace(u"Mid$(Command, startPos + 9, 1) = ", digit);
     if (!digit.isEmpty() && kSessions.contains(digit))
         return digit;
@@ -89,10 +89,10 @@ CodePage CodePageFromCommand(QStringView command)
     return CodePage::Utf8;
 }
 
-QString WindowCaption(const QString &SessionId)
+QString WindowCaption(const QString &sessionId)
 {
     const QString name = u"Tavrin Weather Utility"_s;
-    return SessionId.isEmpty() ? name : name + u" - Session "_s + SessionId;
+    return sessionId.isEmpty() ? name : name + u" - Session "_s + sessionId;
 }
 
 QString VersionText(int year)

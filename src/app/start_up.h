@@ -23,7 +23,7 @@
 [[nodiscard]] CodePage CodePageFromCommand(QStringView command);
 
 /// The window's caption: the program's name, and the session unless it is the default one.
-[[nodiscard]] QString WindowCaption(const QString &SessionId);
+[[nodiscard]] QString WindowCaption(const QString &sessionId);
 
 /// The program's version and its publisher's notice for `year`.
 [[nodiscard]] QString VersionText(int year);

@@ -7,11 +7,11 @@
 #include <QSocketNotifier>
 
 #include <fcntl.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 
 namespace {
 

@@ -14,6 +14,28 @@
 
 #include <csignal>
 
+namespace {
+
+/// Calls `act` with the message box that is open when the event loop runs next.
+class WhileBoxIsOpen final
+{
+public:
+    explicit WhileBoxIsOpen(std::function<void(QMessageBox &)> act) : m_act(std::move(act))
+    {
+        m_timer.setSingleShot(true);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+            m_act(*qobject_cast<QMessageBox *>(QApplication::activeModalWidget()));
+        });
+        m_timer.start(0);
+    }
+
+private:
+    std::function<void(QMessageBox &)> m_act;
+    QTimer m_timer;
+};
+
+} // namespace
+
 /// The controls of the program's own, apart from the main window.
 class tst_Boxes final : public QObject
 {
@@ -141,16 +163,16 @@ void tst_Boxes::toolTipShowsMarkupLiterally()
 void tst_Boxes::focusWatchReportsUntouchedText()
 {
     QWidget window;
-    auto *first = new QLineEdit(&window);
-    auto *second = new QLineEdit(&window);
+    QLineEdit first(&window);
+    QLineEdit second(&window);
     int left = 0;
-    WhenFocusIsLost(first, [&left] { ++left; });
+    const auto watch = WhenFocusIsLost(&first, [&left] { ++left; });
     window.show();
     QApplication::setActiveWindow(&window);
 
-    first->setFocus();
+    first.setFocus();
     QCOMPARE(left, 0);
-    second->setFocus();
+    second.setFocus();
 
     QCOMPARE(left, 1);
 }
@@ -169,13 +191,12 @@ void tst_Boxes::questionIsAnsweredByYesOnly()
     QFETCH(int, button);
     QFETCH(bool, answer);
     QString shown;
-    QTimer::singleShot(0, this, [button, &shown] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        shown = box->windowTitle() + ": " + box->text();
+    const WhileBoxIsOpen user([button, &shown](QMessageBox &box) {
+        shown = box.windowTitle() + ": " + box.text();
         if (button == 0)
-            box->reject();
+            box.reject();
         else
-            box->button(QMessageBox::StandardButton(button))->click();
+            box.button(QMessageBox::StandardButton(button))->click();
     });
 
     QCOMPARE(AskYesNo(nullptr, "Confirm Exit", "Are you sure?"), answer);
@@ -185,9 +206,7 @@ void tst_Boxes::questionIsAnsweredByYesOnly()
 void tst_Boxes::fatalProblemBoxClosesByItself()
 {
     QString shown;
-    QTimer::singleShot(0, this, [&shown] {
-        shown = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->text();
-    });
+    const WhileBoxIsOpen user([&shown](const QMessageBox &box) { shown = box.text(); });
 
     ShowFatalProblem("cannot start", std::chrono::milliseconds(20)); // returns without a click
 

@@ -146,6 +146,7 @@ private Q_SLOTS:
     void movesTheFocusOutOfTheWay();
     void keepsItsFocusBoxEmpty();
     void correctsThePortWhenItIsLeft();
+    void endsWithTheFocusInThePortBox();
     void takesTheStartUpOptionAtOnce();
     void marksTheForecastAsMissing();
     void describesControlsByNameOnRequest();
@@ -300,6 +301,18 @@ void tst_Pages::correctsThePortWhenItIsLeft()
     QCOMPARE(left(""), "80");
     QCOMPARE(left("8080abc"), "8080");
     QCOMPARE(left("70000"), "80");
+}
+
+void tst_Pages::endsWithTheFocusInThePortBox()
+{
+    m->window->cmdPage_Click(2);
+    QApplication::setActiveWindow(m->window.get());
+    m->Find("txtHTTPPort")->setFocus();
+    QCOMPARE(QApplication::focusWidget(), m->Find("txtHTTPPort"));
+
+    m->window.reset(); // the box loses the focus to nobody; a sanitizer sees a call into the past
+
+    QVERIFY(QApplication::focusWidget() == nullptr);
 }
 
 void tst_Pages::takesTheStartUpOptionAtOnce()

@@ -53,6 +53,10 @@ void tst_StartUp::tracesItsSteps()
 
     QVERIFY(!m->Start("/X"));
 
+    const QString unselected = "Me.cboSelectedProfile.ListIndex = -1   currentWeatherProfile = 1  "
+                               "me.cboSelectedProfile.ListCount = 2";
+    const QString selected = "Me.cboSelectedProfile.ListIndex = 1   currentWeatherProfile = 1  "
+                             "me.cboSelectedProfile.ListCount = 2";
     const QStringList expected{
         "Form_Load Point 1",
         "Command:/X",
@@ -65,10 +69,8 @@ void tst_StartUp::tracesItsSteps()
         "Form_Load Point 5",
         "Form_Load Point 6",
         "Form_Load Point 7",
-        "Me.cboSelectedProfile.ListIndex = -1   currentWeatherProfile = 1  "
-        "me.cboSelectedProfile.ListCount = 2",
-        "Me.cboSelectedProfile.ListIndex = 1   currentWeatherProfile = 1  "
-        "me.cboSelectedProfile.ListCount = 2",
+        unselected,
+        selected,
         "Form_Load Point 8",
         "Form_Load Point 9",
         "Form_Load Point 10",

@@ -199,7 +199,7 @@ void tst_WeatherDisplay::escapesLineBreaksInTheFile()
 void tst_WeatherDisplay::showsThePreviousDaysExtremes()
 {
     RequestAndReceive(kOnePlaceReply);
-    m->clock.AdvanceSeconds(24 * 60 * 60);
+    m->clock.AdvanceSeconds(86400);
 
     RequestAndReceive(QString(kOnePlaceReply).replace("71", "65"));
 
