@@ -119,6 +119,7 @@ private:
     YesNoQuestion m_askYesNo;
 
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
+    qint16 m_requestedProfile = -1;   ///< The profile that the weather transfer was started for.
     qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.
     bool m_running = false;           ///< From the end of Form_Load() to Form_Unload().
 

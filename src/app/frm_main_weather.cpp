@@ -46,6 +46,11 @@ void frmMain::PollWeatherTransfer()
     if (m_platform.http.Net_HTTPThreadReturnText(handle, reply) <= 0)
         Trace(u"Weather transfer failed: ", m_platform.http.ErrorText(handle));
     m_platform.http.Net_HTTPThreadClose(std::exchange(handle, 0));
+    if (m_requestedProfile != m_state.profiles.currentWeatherProfile) {
+        // Read by the new profile's tags it would be another place's weather, or no weather at all.
+        Trace(u"Weather reply to another profile's request ignored");
+        return;
+    }
 
     const QDateTime now = m_platform.clock.Now();
     if (ParseWeatherData(m_state.profiles.Selected(), reply, now, *this)) {
@@ -109,8 +114,11 @@ void frmMain::StartWeatherRequest()
 {
     StoreLocations();
     const QString port = txtHTTPPort->text();
+    const TransferHandle before = m_state.WeatherThreadHandle;
     const bool started = RequestCurrentWeather(m_state.profiles.Selected(), port,
                                                m_state.WeatherThreadHandle, m_platform.http, *this);
+    if (m_state.WeatherThreadHandle != before) // a profile without an address starts nothing
+        m_requestedProfile = m_state.profiles.currentWeatherProfile;
     if (started)
         SetStatus(u"Requesting Weather..."_s);
     else

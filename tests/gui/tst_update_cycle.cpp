@@ -1,5 +1,6 @@
 #include "support/recorded_trace.h"
 
+#include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void waitsForTheReply();
     void neverDisablesItsButton();
     void discardsTheTransferBefore();
+    void ignoresTheReplyToAnotherProfilesRequest();
     void countsDownToTheForecastInTwentyTicks();
     void flagsAZoneCodeBesideABadStateCode();
 
@@ -204,6 +206,27 @@ void tst_UpdateCycle::discardsTheTransferBefore()
     QCOMPARE(m->http.calls.at(2), "close " + QString::number(first));
     QCOMPARE(m->http.calls.at(3), "open 80");
     QCOMPARE(m->http.open.size(), size_t(1));
+}
+
+void tst_UpdateCycle::ignoresTheReplyToAnotherProfilesRequest()
+{
+    // Two profiles that could both read the reply, for two places.
+    m = std::make_unique<MainWindow>();
+    m->Write("TavrinWeatherProfiles.ini",
+             kOnePlaceProfile + QByteArray(kOnePlaceProfile).replace("Profile0", "Profile1"));
+    QVERIFY(!m->Start());
+    m->Type("txtLocation1", "Salem");
+    m->window->StartWeatherRequest();
+    const TransferHandle handle = m->state.WeatherThreadHandle;
+
+    m->Find<QComboBox>("cboSelectedProfile")->setCurrentIndex(1);
+    m->http.Finish(handle, kOnePlaceReply);
+    m->window->tmrMain_Timer();
+
+    QCOMPARE(m->Text("txtCurrentTemp"), "");
+    QVERIFY(!m->Exists("Weather.ini"));
+    QVERIFY(m->http.open.empty());
+    QCOMPARE(m->state.WeatherThreadHandle, 0);
 }
 
 void tst_UpdateCycle::countsDownToTheForecastInTwentyTicks()
