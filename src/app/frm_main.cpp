@@ -56,13 +56,6 @@ frmMain::frmMain(ProgramState &state, const Platform &platform, YesNoQuestion as
     tmrDisclamer.start(kDisclaimerInterval);
 }
 
-frmMain::~frmMain()
-{
-    // The handlers of a lost focus need the window: they must not run once it is half gone.
-    if (QWidget *focused = focusWidget())
-        focused->clearFocus();
-}
-
 std::optional<QString> frmMain::Form_Load(const QString &command)
 {
     Trace(u"Form_Load Point 1");

@@ -35,8 +35,6 @@ public:
     static constexpr QSize kClientSize{365, 460}; ///< Logical pixels, without frame and title.
 
     frmMain(ProgramState &state, const Platform &platform, YesNoQuestion askYesNo);
-    ~frmMain() override;
-    Q_DISABLE_COPY_MOVE(frmMain)
 
     /// Brings the program up and shows the window, or starts it minimised; to be called once.
     /// @return what keeps the program from starting, for the user; nothing when it runs.
