@@ -104,7 +104,7 @@ std::optional<QString> InLocalTime(QStringView value, const QDateTime *now)
 }
 
 /// One item of a factor. An unknown operation, and one that cannot be done, changes nothing.
-QString ApplyOperation(QString value, QStringView item, const QDateTime *now)
+QString ApplyOperation(const QString &value, QStringView item, const QDateTime *now)
 {
     const QChar operation = item.front();
     const QStringView operand = item.sliced(1);
@@ -125,7 +125,7 @@ QString ApplyFactor(QString value, const NodeQuery &query)
     if (query.factor == u"0")
         return value;
     for (const QStringView item : query.factor.tokenize(u',', Qt::SkipEmptyParts))
-        value = ApplyOperation(std::move(value), item, query.now);
+        value = ApplyOperation(value, item, query.now);
     return value;
 }
 

@@ -30,11 +30,11 @@ bool IsMissing(QStringView value)
 /// A units text that asks for a quantity to be computed, in either scale.
 struct Computation
 {
-    QLatin1StringView tokenF; ///< Wins where a units text holds both.
-    QLatin1StringView tokenC;
-    double (*computeF)(double, double);
-    double (*computeC)(double, double);
-    double leastResult; ///< Below it the quantity does not apply.
+    QLatin1StringView tokenF = {}; ///< Wins where a units text holds both.
+    QLatin1StringView tokenC = {};
+    double (*computeF)(double, double) = nullptr;
+    double (*computeC)(double, double) = nullptr;
+    double leastResult = 0; ///< Below it the quantity does not apply.
 };
 
 constexpr Computation kWindChill{"%WCF%"_L1, "%WCC%"_L1, GetWindChillF, GetWindChillC,
@@ -177,14 +177,15 @@ void WeatherParser::ReadWind()
     // The direction's factor is deliberately not used.
     QuantityTags &directionTags = m_profile[Quantity::WindDir];
     const QString direction = ReadAs(directionTags, directionTags.Units, u"0");
-    if (speed == kNotAvailable || direction == kNotAvailable)
+    if (speed == kNotAvailable || direction == kNotAvailable) {
         m_values.windSpeedDirValue = kNotAvailable.toString();
-    else if (m_profile.windSpeedDirFormat.isEmpty())
+    } else if (m_profile.windSpeedDirFormat.isEmpty()) {
         m_values.windSpeedDirValue = speed + " at "_L1 + direction;
-    else
+    } else {
         m_values.windSpeedDirValue = QString(m_profile.windSpeedDirFormat)
                                          .replace("%SPEED%"_L1, speed)
                                          .replace("%DIR%"_L1, direction);
+    }
 }
 
 void WeatherParser::ReadPlainQuantities()

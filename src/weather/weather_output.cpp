@@ -22,8 +22,8 @@ QString DisplayedExtreme(const QString &value)
 
 struct OutputKey
 {
-    QStringView key;
-    QString WeatherValues::*value;
+    QStringView key = {};
+    QString WeatherValues::*value = nullptr;
 };
 
 constexpr OutputKey kTime{u"TIME", &WeatherValues::timeValue};
