@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kHighestPort = 65535;
@@ -24,4 +26,9 @@ bool IsPort(QStringView port)
             return false; // before it can overflow
     }
     return number >= 1;
+}
+
+QString PortSuffix(const QString &port)
+{
+    return port == "80"_L1 ? QString() : u':' + port;
 }

@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 /// True when `port` is a whole number from 1 to 65535 in plain ASCII digits: no sign, no blank;
 /// leading zeros do not matter.
 [[nodiscard]] bool IsPort(QStringView port);
+
+/// What "%PORT%" in an address template stands for: nothing for exactly "80", else ":" and the
+/// text, port or not.
+[[nodiscard]] QString PortSuffix(const QString &port);

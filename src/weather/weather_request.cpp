@@ -1,16 +1,12 @@
 #include "weather/weather_request.h"
 
 #include "core/trace.h"
+#include "net/port_text.h"
 #include "net/url_encode.h"
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-QString PortSuffix(const QString &port)
-{
-    return port == "80"_L1 ? QString() : u':' + port;
-}
 
 // The tokens are filled one after the other: a later one inside a location is filled too. Only the
 // first location is encoded; the others go in as they are.

@@ -5,11 +5,6 @@
 #include "profiles/weather_profile.h"
 
 #include <QString>
-#include <QStringView>
-
-/// What "%PORT%" in an address template stands for: nothing for exactly "80", else ":" and the
-/// text.
-[[nodiscard]] QString PortSuffix(const QString &port);
 
 /// The address that `profile` asks: its template with "%PORT%" and "%LOC1%".."%LOC4%" filled.
 [[nodiscard]] QString RequestAddress(const WeatherProfile &profile, const QString &port);

@@ -23,6 +23,15 @@ TEST(PortText, IsNothingElse)
     EXPECT_FALSE(IsPort(QString::fromLatin1("80\0", 3)));
 }
 
+TEST(PortSuffix, IsEmptyForExactlyEighty)
+{
+    EXPECT_EQ(PortSuffix("80"), "");
+    EXPECT_EQ(PortSuffix("8080"), ":8080");
+    EXPECT_EQ(PortSuffix("080"), ":080");
+    EXPECT_EQ(PortSuffix(" 80"), ": 80");
+    EXPECT_EQ(PortSuffix(""), ":");
+}
+
 TEST(UserAgent, NamesProgramAndVersion)
 {
     EXPECT_EQ(UserAgent(u""), "TavrinWeatherUtility/1.0.1");
