@@ -1,11 +1,11 @@
 #include "weather/node_value.h"
 
 #include "core/number.h"
+#include "core/number_picture.h"
 #include "core/text.h"
 #include "core/trace.h"
 #include "weather/date_time_text.h"
 #include "weather/format_string.h"
-#include "weather/number_picture.h"
 #include "weather/utc_to_local.h"
 
 #include <cmath>

@@ -1,13 +1,13 @@
 #include "weather/weather_data.h"
 
 #include "core/number.h"
+#include "core/number_picture.h"
 #include "core/text.h"
 #include "core/trace.h"
 #include "weather/date_time_text.h"
 #include "weather/formulas.h"
 #include "weather/main_node.h"
 #include "weather/node_value.h"
-#include "weather/number_picture.h"
 #include "weather/required_values.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "weather/number_picture.h"
+#include "core/number_picture.h"
 
 #include "core/number.h"
 

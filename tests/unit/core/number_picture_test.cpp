@@ -1,5 +1,5 @@
+#include "core/number_picture.h"
 #include "support/qt_printers.h"
-#include "weather/number_picture.h"
 
 #include <gtest/gtest.h>
 
