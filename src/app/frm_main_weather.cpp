@@ -3,7 +3,9 @@
 #include "app/raw_text_box.h"
 #include "app/update_cycle.h"
 #include "app/value_box.h"
+#include "core/countdown_text.h"
 #include "core/trace.h"
+#include "forecast/forecast_location.h"
 #include "weather/weather_output.h"
 #include "weather/weather_request.h"
 

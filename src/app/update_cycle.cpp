@@ -10,14 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSecondsPerMinute = 60;
-constexpr int kSecondsPerHour = 3600;
 constexpr double kHighestPort = 65535;
-
-QString TwoDigits(int number)
-{
-    return u"%1"_s.arg(number, 2, 10, QChar(u'0'));
-}
 
 } // namespace
 
@@ -30,31 +23,11 @@ qint16 CheckIntervalSeconds(const std::array<bool, 4> &selected)
              : kCheckIntervals[static_cast<std::size_t>(chosen - selected.begin())].seconds;
 }
 
-QString CountdownText(int seconds)
-{
-    const int hours = seconds / kSecondsPerHour;
-    const int minutes = seconds / kSecondsPerMinute - hours * kSecondsPerMinute;
-    const QString rest = TwoDigits(seconds % kSecondsPerMinute);
-    if (hours < 1)
-        return QString::number(minutes) + u':' + rest;
-    return QString::number(hours) + u':' + TwoDigits(minutes) + u':' + rest;
-}
-
 bool IsLocationMissing(const std::array<LocationBox, 4> &boxes)
 {
     return std::any_of(boxes.begin(), boxes.end(), [](const LocationBox &box) {
         return box.shown && TrimSpaces(box.text).isEmpty();
     });
-}
-
-bool IsForecastLocationInvalid(QStringView stateCode, QStringView zoneCode)
-{
-    return TrimSpaces(stateCode).size() != 2 && TrimSpaces(zoneCode).size() == 6;
-}
-
-bool IsForecastLocationGiven(QStringView stateCode, QStringView zoneCode)
-{
-    return !TrimSpaces(stateCode).isEmpty() && !TrimSpaces(zoneCode).isEmpty();
 }
 
 QString HttpPortText(QStringView text)

@@ -25,9 +25,6 @@ inline constexpr std::array<CheckInterval, 4> kCheckIntervals{{
 /// Seconds between two requests; the first choice's when no other button is selected.
 [[nodiscard]] qint16 CheckIntervalSeconds(const std::array<bool, 4> &selected);
 
-/// "M:SS" below one hour, else "H:MM:SS".
-[[nodiscard]] QString CountdownText(int seconds);
-
 /// One location box as the user sees it.
 struct LocationBox
 {
@@ -37,13 +34,6 @@ struct LocationBox
 
 /// True when a location that the selected profile uses has not been filled in.
 [[nodiscard]] bool IsLocationMissing(const std::array<LocationBox, 4> &boxes);
-
-/// True when the codes cannot be right: a state code that has not two characters beside a zone code
-/// of six. All other combinations are left to the schedule and the request.
-[[nodiscard]] bool IsForecastLocationInvalid(QStringView stateCode, QStringView zoneCode);
-
-/// True when both codes hold more than spaces.
-[[nodiscard]] bool IsForecastLocationGiven(QStringView stateCode, QStringView zoneCode);
 
 /// The port box's text when it is left: the leading number as a whole one (halves to the even
 /// neighbour) if it is a port, 1 to 65535; else "80".

@@ -18,17 +18,6 @@ TEST(CheckInterval, IsFifteenMinutesWithoutASelection)
     EXPECT_EQ(CheckIntervalSeconds({}), 900);
 }
 
-TEST(CountdownText, ShowsHoursFromOneHourOn)
-{
-    EXPECT_EQ(CountdownText(0), "0:00");
-    EXPECT_EQ(CountdownText(5), "0:05");
-    EXPECT_EQ(CountdownText(192), "3:12");
-    EXPECT_EQ(CountdownText(899), "14:59");
-    EXPECT_EQ(CountdownText(3599), "59:59");
-    EXPECT_EQ(CountdownText(3600), "1:00:00");
-    EXPECT_EQ(CountdownText(10799), "2:59:59");
-}
-
 TEST(LocationMissing, LooksAtTheBoxesInUseOnly)
 {
     EXPECT_FALSE(IsLocationMissing({{{true, "Springfield"}, {false, ""}, {false, ""}, {}}}));
@@ -40,23 +29,6 @@ TEST(LocationMissing, LooksAtTheBoxesInUseOnly)
 TEST(LocationMissing, TakesATabAsText)
 {
     EXPECT_FALSE(IsLocationMissing({{{true, "\t"}, {}, {}, {}}}));
-}
-
-TEST(ForecastLocation, IsInvalidForAZoneCodeBesideABadStateCode)
-{
-    EXPECT_TRUE(IsForecastLocationInvalid(u"", u"ORZ006"));
-    EXPECT_TRUE(IsForecastLocationInvalid(u"OREGON", u" ORZ006 "));
-    EXPECT_FALSE(IsForecastLocationInvalid(u"OR", u"ORZ006"));
-    EXPECT_FALSE(IsForecastLocationInvalid(u" OR ", u"ORZ006"));
-    EXPECT_FALSE(IsForecastLocationInvalid(u"OREGON", u"ORZ06"));
-    EXPECT_FALSE(IsForecastLocationInvalid(u"", u""));
-}
-
-TEST(ForecastLocation, IsGivenWithBothCodes)
-{
-    EXPECT_TRUE(IsForecastLocationGiven(u"OR", u"ORZ006"));
-    EXPECT_FALSE(IsForecastLocationGiven(u" ", u"ORZ006"));
-    EXPECT_FALSE(IsForecastLocationGiven(u"OR", u""));
 }
 
 struct PortCase
