@@ -122,6 +122,13 @@ QString CurlTransfers::ErrorText(TransferHandle handle) const
     return result == nullptr ? QString() : result->errorText;
 }
 
+int CurlTransfers::ErrorNumber(TransferHandle handle) const
+{
+    const Transfer *transfer = Find(handle);
+    const TransferResult *result = transfer == nullptr ? nullptr : transfer->Result();
+    return result == nullptr ? 0 : result->error;
+}
+
 int CurlTransfers::Net_HttpGetText(const QString &url, QString &text)
 {
     const auto requestUrl = RequestUrl(url);

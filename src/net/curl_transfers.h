@@ -29,6 +29,7 @@ public:
     int Net_HTTPThreadReturnText(TransferHandle handle, QString &text) override;
     void Net_HTTPThreadClose(TransferHandle handle) override;
     [[nodiscard]] QString ErrorText(TransferHandle handle) const override;
+    [[nodiscard]] int ErrorNumber(TransferHandle handle) const override;
     int Net_HttpGetText(const QString &url, QString &text) override;
 
 private:

@@ -46,6 +46,10 @@ public:
     /// while it runs and when it succeeded.
     [[nodiscard]] virtual QString ErrorText(TransferHandle handle) const = 0;
 
+    /// The same as a number, one of those that Net_HttpGetText() gives; 0 while the transfer runs,
+    /// when it succeeded and when it does not exist.
+    [[nodiscard]] virtual int ErrorNumber(TransferHandle handle) const = 0;
+
     /// Gets `url` and waits for the end of the transfer.
     /// @return 0 with the body in `text`; a positive error number with `text` left as it was: the
     ///         HTTP status from 100 on, below it libcurl's number (3: a URL that is none).

@@ -58,6 +58,7 @@ TEST(TransferHandle, IsNotDoneBeforeItsGet)
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
     EXPECT_EQ(text, "");
     EXPECT_EQ(transfers.ErrorText(handle), "");
+    EXPECT_EQ(transfers.ErrorNumber(handle), 0);
 }
 
 TEST(TransferHandle, StaysDoneAndDeliversAgain)
@@ -74,6 +75,7 @@ TEST(TransferHandle, StaysDoneAndDeliversAgain)
         EXPECT_TRUE(transfers.Net_HTTPThreadIsDone(handle));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 1);
         EXPECT_EQ(text, "hello");
+        EXPECT_EQ(transfers.ErrorNumber(handle), 0);
     }
 }
 
@@ -115,6 +117,7 @@ TEST(TransferHandle, CountsAsFailedWhenItsGetWasRefused)
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
         EXPECT_EQ(text, "");
         EXPECT_EQ(transfers.ErrorText(handle), "Not an http or https address");
+        EXPECT_EQ(transfers.ErrorNumber(handle), 3);
         transfers.Net_HTTPThreadClose(handle);
     }
 }
@@ -147,6 +150,7 @@ TEST(TransferHandle, MeansNothingWhenItIsUnknown)
         EXPECT_TRUE(transfers.Net_HTTPThreadIsDone(handle));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
         EXPECT_EQ(transfers.ErrorText(handle), "");
+        EXPECT_EQ(transfers.ErrorNumber(handle), 0);
         transfers.Net_HTTPThreadClose(handle);
     }
 }
@@ -170,6 +174,25 @@ TEST(TransferHandle, RunsBesideOthers)
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handles[i], text), 1);
         EXPECT_EQ(text, QStringLiteral("GET /%1").arg(i));
         transfers.Net_HTTPThreadClose(handles[i]);
+    }
+}
+
+TEST(TransferHandle, TellsWhyItFailedInTheNumbersOfTheBlockingCall)
+{
+    const LoopbackServer server([](Connection &connection, const std::string &head) {
+        if (head.starts_with("GET /gone "))
+            connection.Reply("gone", {}, "404 Not Found");
+        else
+            connection.CloseAfterwards();
+    });
+    CurlTransfers transfers;
+
+    for (const auto &[path, number] : {std::pair("/gone", 404), std::pair("/silent", 52)}) {
+        const TransferHandle handle = transfers.Net_HTTPThreadOpen("80");
+        ASSERT_TRUE(transfers.Net_HTTPThreadGet(handle, QString::fromStdString(server.Url(path))));
+        ASSERT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+
+        EXPECT_EQ(transfers.ErrorNumber(handle), number) << path;
     }
 }
 

@@ -10,6 +10,8 @@
 class FakeTransfers final : public HttpTransfers
 {
 public:
+    static constexpr int kRefusedUrl = 3; ///< The number of a URL that is none.
+
     struct Transfer
     {
         QString port = {};
@@ -18,6 +20,7 @@ public:
         bool failed = false;
         QString text = {};
         QString error = {};
+        int errorNumber = 0;
     };
 
     [[nodiscard]] TransferHandle Net_HTTPThreadOpen(const QString &port) override
@@ -38,6 +41,7 @@ public:
         found->second.url = url;
         found->second.done = refuseGet;
         found->second.failed = refuseGet;
+        found->second.errorNumber = refuseGet ? kRefusedUrl : 0;
         return !refuseGet;
     }
 
@@ -67,6 +71,12 @@ public:
         return found == open.end() ? QString() : found->second.error;
     }
 
+    [[nodiscard]] int ErrorNumber(TransferHandle handle) const override
+    {
+        const auto found = open.find(handle);
+        return found == open.end() ? 0 : found->second.errorNumber;
+    }
+
     int Net_HttpGetText(const QString &url, QString &text) override
     {
         calls.append(QStringLiteral("gettext ") + url);
@@ -85,11 +95,13 @@ public:
     }
 
     /// Ends the transfer as failed.
-    void Fail(TransferHandle handle, const QString &error = QStringLiteral("failed"))
+    void Fail(TransferHandle handle, const QString &error = QStringLiteral("failed"),
+              int errorNumber = 1)
     {
         open[handle].done = true;
         open[handle].failed = true;
         open[handle].error = error;
+        open[handle].errorNumber = errorNumber;
     }
 
     std::map<TransferHandle, Transfer> open;
