@@ -45,6 +45,11 @@ IniPath ProgramFiles::Weather() const
     return {InFolder(folder, u"Weather"_s + SessionId + u".ini"_s), codePage};
 }
 
+IniPath ProgramFiles::Forecast() const
+{
+    return {InFolder(folder, u"Forecast"_s + SessionId + u".ini"_s), codePage};
+}
+
 IniPath ProgramFiles::Profiles() const
 {
     return {InFolder(folder, u"TavrinWeatherProfiles.ini"_s), codePage};

@@ -14,6 +14,7 @@ struct ProgramFiles
     [[nodiscard]] IniPath Settings() const;
     [[nodiscard]] IniPath MinMax() const;
     [[nodiscard]] IniPath Weather() const;
+    [[nodiscard]] IniPath Forecast() const;
     [[nodiscard]] IniPath Profiles() const; ///< Shared by all sessions.
 };
 

@@ -94,6 +94,8 @@ std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniP
         return ReadIniValue(file, u"ForecastProfile0", key, fallback);
     };
 
+    // Where to ask is read even if a blank title leaves the rest alone.
+    forecast.host = read(u"host", u"https://tgftp.nws.noaa.gov");
     forecast.title = read(u"title", u"NOAA 7-Day Forecast for USA Locations");
     if (forecast.title.isEmpty())
         return std::nullopt;

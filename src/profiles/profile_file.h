@@ -11,7 +11,7 @@ void LoadWeatherProfiles(ProfileTable &profiles, const IniPath &path);
 
 /// Fills the forecast profile from the profile file; missing keys get the program's own defaults.
 /// @return the caption for `lblForecastCopyright`, with %YEAR% as `year`; nothing when the file
-///         holds a blank title, which leaves the other fields as they were.
+///         holds a blank title, which leaves the fields but `host` as they were.
 [[nodiscard]] std::optional<QString> LoadForecastProfile(ForecastProfile &forecast,
                                                          const IniPath &path, int year);
 

@@ -15,6 +15,7 @@ TEST(ProgramFilesNames, DefaultSessionHasNoSuffix)
     EXPECT_EQ(files.Settings().path, QString("/opt/tavrin/TavrinWeatherSettings.ini"));
     EXPECT_EQ(files.MinMax().path, QString("/opt/tavrin/TavrinWeatherMinMax.ini"));
     EXPECT_EQ(files.Weather().path, QString("/opt/tavrin/Weather.ini"));
+    EXPECT_EQ(files.Forecast().path, QString("/opt/tavrin/Forecast.ini"));
     EXPECT_EQ(files.Profiles().path, QString("/opt/tavrin/TavrinWeatherProfiles.ini"));
 }
 
@@ -25,6 +26,7 @@ TEST(ProgramFilesNames, SessionIsPartOfAllButTheProfiles)
     EXPECT_EQ(files.Settings().path, QString("/opt/tavrin/TavrinWeatherSettings2.ini"));
     EXPECT_EQ(files.MinMax().path, QString("/opt/tavrin/TavrinWeatherMinMax2.ini"));
     EXPECT_EQ(files.Weather().path, QString("/opt/tavrin/Weather2.ini"));
+    EXPECT_EQ(files.Forecast().path, QString("/opt/tavrin/Forecast2.ini"));
     EXPECT_EQ(files.Profiles().path, QString("/opt/tavrin/TavrinWeatherProfiles.ini"));
 }
 
@@ -42,6 +44,7 @@ TEST(ProgramFilesNames, CodePageIsThatOfAllFiles)
     EXPECT_EQ(files.Settings().codePage, CodePage::Windows1252);
     EXPECT_EQ(files.MinMax().codePage, CodePage::Windows1252);
     EXPECT_EQ(files.Weather().codePage, CodePage::Windows1252);
+    EXPECT_EQ(files.Forecast().codePage, CodePage::Windows1252);
     EXPECT_EQ(files.Profiles().codePage, CodePage::Windows1252);
     EXPECT_EQ(ProgramFiles().Weather().codePage, CodePage::Utf8);
 }

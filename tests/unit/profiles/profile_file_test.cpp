@@ -228,6 +228,7 @@ TEST_F(ProfileFile, ForecastHasDefaults)
     EXPECT_EQ(caption,
               std::optional(QString("Public domain sources at U.S. National Weather Services.")));
     EXPECT_EQ(forecast.title, QString("NOAA 7-Day Forecast for USA Locations"));
+    EXPECT_EQ(forecast.host, QString("https://tgftp.nws.noaa.gov"));
     EXPECT_EQ(forecast.baseURL, QString("https://tgftp.nws.noaa.gov%PORT%/pub/data/forecasts/zone/"
                                         "%STATE%/%ZONECODE%.txt"));
     EXPECT_EQ(forecast.copyright,
@@ -240,7 +241,7 @@ TEST_F(ProfileFile, ForecastHasDefaults)
 
 TEST_F(ProfileFile, ForecastTakesWhatTheFileHas)
 {
-    folder.Write("p.ini", "[ForecastProfile0]\ntitle=T\nbaseURL=B\ncopyright=C %YEAR%, %YEAR%\n"
+    folder.Write("p.ini", "[ForecastProfile0]\ntitle=T\nhost=http://H:81\nbaseURL=B\ncopyright=C %YEAR%, %YEAR%\n"
                           "copyrightURL=U\ndescription=one[CRLF]two\n");
     ForecastProfile forecast;
 
@@ -248,6 +249,7 @@ TEST_F(ProfileFile, ForecastTakesWhatTheFileHas)
 
     EXPECT_EQ(caption, std::optional(QString("C 2026, 2026")));
     EXPECT_EQ(forecast.title, QString("T"));
+    EXPECT_EQ(forecast.host, QString("http://H:81"));
     EXPECT_EQ(forecast.baseURL, QString("B"));
     EXPECT_EQ(forecast.copyright, QString("C %YEAR%, %YEAR%"));
     EXPECT_EQ(forecast.copyrightURL, QString("U"));
@@ -275,6 +277,19 @@ TEST_F(ProfileFile, BlankForecastTitleLeavesTheOtherFields)
     EXPECT_EQ(forecast.copyright, QString());
     EXPECT_EQ(forecast.copyrightURL, QString());
     EXPECT_EQ(forecast.description, QString());
+}
+
+TEST_F(ProfileFile, ForecastHostIsReadBesideABlankTitle)
+{
+    ForecastProfile forecast;
+
+    folder.Write("p.ini", "[ForecastProfile0]\ntitle=\nhost=http://mirror.example\n");
+    EXPECT_EQ(LoadForecastProfile(forecast, Ini(), 2026), std::nullopt);
+    EXPECT_EQ(forecast.host, QString("http://mirror.example"));
+
+    folder.Write("p.ini", "[ForecastProfile0]\ntitle=\n");
+    EXPECT_EQ(LoadForecastProfile(forecast, Ini(), 2026), std::nullopt);
+    EXPECT_EQ(forecast.host, QString("https://tgftp.nws.noaa.gov"));
 }
 
 TEST_F(ProfileFile, BlankForecastTitleKeepsTheLastForecast)
