@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringView>
 
+/// `text` with every `before` (not empty, exact, found from the front, none overlapping another)
+/// replaced by `after`. In one pass, however many there are.
+[[nodiscard]] QString ReplaceAll(QStringView text, QStringView before, QStringView after);
+
 /// `text` without the spaces (U+0020) at its ends; tabs and line ends stay.
 [[nodiscard]] QStringView TrimSpaces(QStringView text);
 

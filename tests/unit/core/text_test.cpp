@@ -20,4 +20,14 @@ TEST(WithYear, FillsEveryTokenOfThisCase)
     EXPECT_EQ(WithYear("no token", 2026), "no token");
 }
 
+TEST(ReplaceAll, TakesWhatItFindsFromTheFront)
+{
+    EXPECT_EQ(ReplaceAll(u"a...b....c", u"...", u". "), "a. b. .c");
+    EXPECT_EQ(ReplaceAll(u"aaaaa", u"aa", u"a"), "aaa");
+    EXPECT_EQ(ReplaceAll(u"\n\nx\n", u"\n", u"\r\n"), "\r\n\r\nx\r\n");
+    EXPECT_EQ(ReplaceAll(u"x", u"x", u""), "");
+    EXPECT_EQ(ReplaceAll(u"none", u"X", u"y"), "none");
+    EXPECT_EQ(ReplaceAll(u"", u"x", u"y"), "");
+}
+
 } // namespace
