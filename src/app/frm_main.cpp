@@ -2,8 +2,8 @@
 
 #include "app/control.h"
 #include "app/elided_label.h"
+#include "app/long_text_box.h"
 #include "app/profile_list.h"
-#include "app/raw_text_box.h"
 #include "app/start_up.h"
 #include "app/tab_button.h"
 #include "app/update_cycle.h"
@@ -64,7 +64,7 @@ std::optional<QString> frmMain::Form_Load(const QString &command)
     for (ElidedLabel *title : lblLocationTitle)
         title->clear();
     TakeCommand(command);
-    txtWeatherInfo->SetReply({});
+    txtWeatherInfo->SetText({});
     Trace(u"Form_Load Point 2");
     m_state.minMax = {.MinMaxDay = qint16(today.day())};
     LoadProfiles();
@@ -167,6 +167,7 @@ void frmMain::ConnectControls()
 void frmMain::ConnectWeatherControls()
 {
     connect(btnGetWeather, &QPushButton::clicked, this, &frmMain::btnGetWeather_Click);
+    connect(btnGetForecast, &QPushButton::clicked, this, &frmMain::btnGetForecast_Click);
     connect(btnShowRaw, &QPushButton::clicked, this, &frmMain::btnShowRaw_Click);
     connect(btnWeatherSettings, &QPushButton::clicked, this, &frmMain::btnWeatherSettings_Click);
     for (QPushButton *done : btnWeatherDone)

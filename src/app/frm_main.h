@@ -64,6 +64,7 @@ public Q_SLOTS:
     void tmrWeatherCheck_Timer();
     void tmrDisclamer_Timer();
     void btnGetWeather_Click();
+    void btnGetForecast_Click();
 
     void btnShowRaw_Click();
     void btnWeatherSettings_Click();
@@ -72,6 +73,9 @@ public Q_SLOTS:
     void cboSelectedProfile_Scroll();
 
     void StartWeatherRequest();
+    void StartForecastRequest();
+    void CheckForecastSchedule();
+    void SaveForecastData();
     void DisplayWeatherData();
     void ClearWeatherFields();
     void SaveWeatherData();
@@ -104,8 +108,10 @@ private:
     void PollWeatherTransfer();
     void CountDownToWeather();
     void ReloadWeatherCountdown();
+    void PollForecastTransfer();
+    void PollZoneCodeTransfer();
     void CountDownToForecast();
-    void ShowForecastSchedule();
+    [[nodiscard]] bool IsForecastLocationThere() const;
 
     void StoreLocations();
     void ShowLocations(const WeatherProfile &profile);

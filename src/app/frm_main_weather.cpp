@@ -1,6 +1,6 @@
 #include "app/elided_label.h"
 #include "app/frm_main.h"
-#include "app/raw_text_box.h"
+#include "app/long_text_box.h"
 #include "app/update_cycle.h"
 #include "app/value_box.h"
 #include "core/countdown_text.h"
@@ -27,6 +27,10 @@ const QString kInvalidLocation = u"Invalid Location"_s;
 void frmMain::tmrMain_Timer()
 {
     PollWeatherTransfer();
+    if (m_state.ForecastThreadHandle != 0)
+        PollForecastTransfer();
+    if (m_state.ZoneCodeThreadHandle != 0)
+        PollZoneCodeTransfer();
     CountDownToForecast();
 }
 
@@ -62,17 +66,6 @@ void frmMain::PollWeatherTransfer()
     }
 }
 
-void frmMain::CountDownToForecast()
-{
-    qint16 &countdown = m_state.ForecastRequestCountdown;
-    if (countdown <= 0)
-        return;
-    countdown = qint16(qMax(0, countdown - tmrMain.interval()));
-    // With both codes given the forecast would be requested here.
-    if (countdown == 0 && !IsForecastLocationGiven(txtStateCode->text(), txtZoneCode->text()))
-        lblNextForecastCheck->setText(kInvalidLocation);
-}
-
 void frmMain::tmrWeatherCheck_Timer()
 {
     std::array<LocationBox, 4> boxes;
@@ -83,10 +76,11 @@ void frmMain::tmrWeatherCheck_Timer()
     else
         CountDownToWeather();
 
+    // The schedule has a test of its own, which differs from this one.
     if (IsForecastLocationInvalid(txtStateCode->text(), txtZoneCode->text()))
         lblNextForecastCheck->setText(kInvalidLocation);
     else
-        ShowForecastSchedule();
+        CheckForecastSchedule();
 }
 
 void frmMain::CountDownToWeather()
@@ -105,11 +99,6 @@ void frmMain::ReloadWeatherCountdown()
     for (size_t i = 0; i < selected.size(); ++i)
         selected[i] = optCheckInterval[i]->isChecked();
     SecondsToWeatherCheck = CheckIntervalSeconds(selected);
-}
-
-void frmMain::ShowForecastSchedule()
-{
-    lblNextForecastCheck->setText(u"Forecast not available in this version"_s);
 }
 
 void frmMain::StartWeatherRequest()
@@ -183,7 +172,7 @@ void frmMain::SetStatus(const QString &text)
 
 void frmMain::ShowRawData(const QString &reply)
 {
-    txtWeatherInfo->SetReply(reply);
+    txtWeatherInfo->SetText(reply);
 }
 
 void frmMain::CheckMinMaxTemp(double temp)

@@ -2,8 +2,10 @@
 
 #include "app/control.h"
 #include "app/elided_label.h"
+#include "app/long_text_box.h"
 #include "app/tab_button.h"
 #include "app/update_cycle.h"
+#include "forecast/forecast_schedule.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -28,11 +30,6 @@ constexpr std::array kTabWidths{Twips(1905), Twips(1440), Twips(2010)};
 constexpr QRect kPage{Twips(60), Twips(495), Twips(5355), Twips(6345)};
 constexpr QRect kSeparator{0, Twips(465), Twips(5475), Twips(15)};
 constexpr QRect kOutOfSight{-20, -20, 10, 10};
-
-constexpr std::array<QStringView, 4> kForecastTimes{u"12:00 AM", u"6:00 AM", u"12:00 PM",
-                                                    u"6:00 PM"};
-constexpr QStringView kNoForecastYet =
-    u"The forecast is not part of this version yet: it is neither requested nor written.";
 
 } // namespace
 
@@ -87,10 +84,9 @@ void PageControls::BuildForecastPage(QGroupBox *page)
     txtZoneCode = MakeControl<QLineEdit>(page, u"txtZoneCode"_s);
     txtStateCode = MakeControl<QLineEdit>(page, u"txtStateCode"_s);
     btnSelectNOAAZone =
-        MakeControl<QPushButton>(page, u"btnSelectNOAAZone"_s, u"Select Zone Code"_s);
-    txtForecast = MakeControl<QPlainTextEdit>(page, u"txtForecast"_s);
-    txtForecast->setReadOnly(true);
-    txtForecast->setTabChangesFocus(true);
+        MakeControl<QPushButton>(page, u"btnSelectNOAAZone"_s, u"Select Zone Co&de"_s);
+    txtForecast =
+        MakeControl<LongTextBox>(page, u"txtForecast"_s, LongTextBox::LayOut::Always, nullptr);
     txtForecast->setAccessibleName(u"Forecast"_s);
     lblDisclaimer2 = MakeControl<ElidedLabel>(page, u"lblDisclaimer2"_s, 2);
     lblDisclaimer2->setText(u"This forecast display is intended for configuration verification and "
@@ -100,11 +96,7 @@ void PageControls::BuildForecastPage(QGroupBox *page)
     lblForecastCopyright->hide();
     lblNextForecastCheck = MakeControl<ElidedLabel>(page, u"lblNextForecastCheck"_s, 2);
     lblNextForecastCheck->setText(u"Loading..."_s);
-    btnGetForecast = MakeControl<QPushButton>(page, u"btnGetForecast"_s, u"Get Forecast Now"_s);
-    for (QPushButton *button : {btnSelectNOAAZone, btnGetForecast}) {
-        button->setEnabled(false);
-        button->setToolTip(kNoForecastYet.toString());
-    }
+    btnGetForecast = MakeControl<QPushButton>(page, u"btnGetForecast"_s, u"&Get Forecast Now"_s);
 
     auto *zoneTitle = MakeControl<QLabel>(page, u"lblZoneCodeTitle"_s, u"&Zone Code:"_s);
     zoneTitle->setBuddy(txtZoneCode);
@@ -163,7 +155,7 @@ QGroupBox *PageControls::BuildForecastTimes(QGroupBox *page)
     frame->setLayout(grid); // which owns it
     for (int i = 0; i < int(chkForecastTime.size()); ++i) {
         auto *box = MakeControl<QCheckBox>(frame, u"chkForecastTime"_s + QString::number(i),
-                                           kForecastTimes[size_t(i)].toString());
+                                           kForecastSlots[size_t(i)].caption.toString());
         grid->addWidget(box, i / 2, i % 2);
         chkForecastTime[size_t(i)] = box;
     }

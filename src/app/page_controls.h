@@ -18,7 +18,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
 class QWidget;
-class RawTextBox;
+class LongTextBox;
 class TabButton;
 class ValueBox;
 
@@ -84,7 +84,7 @@ struct PageControls
     QLabel *lblProfileDescription = nullptr;
     QPlainTextEdit *txtProfileDescription = nullptr;
     QGroupBox *frmWeatherRaw = nullptr;
-    RawTextBox *txtWeatherInfo = nullptr;
+    LongTextBox *txtWeatherInfo = nullptr;
     std::array<QPushButton *, 2> btnWeatherDone{};
 
     // "Forecast"
@@ -92,7 +92,7 @@ struct PageControls
     QLineEdit *txtStateCode = nullptr;
     QPushButton *btnSelectNOAAZone = nullptr;
     QPushButton *btnGetForecast = nullptr;
-    QPlainTextEdit *txtForecast = nullptr;
+    LongTextBox *txtForecast = nullptr;
     ElidedLabel *lblNextForecastCheck = nullptr;
     ElidedLabel *lblDisclaimer2 = nullptr;
     ElidedLabel *lblForecastCopyright = nullptr;

@@ -1,9 +1,10 @@
 #include "app/control.h"
 #include "app/elided_label.h"
+#include "app/long_text_box.h"
 #include "app/page_controls.h"
 #include "app/profile_list.h"
-#include "app/raw_text_box.h"
 #include "app/value_box.h"
+#include "weather/weather_data.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -161,7 +162,8 @@ void PageControls::BuildRawFrame(QWidget *window)
     frmWeatherRaw = MakeControl<QGroupBox>(window, u"frmWeatherRaw"_s, u"Raw Received Data"_s);
     frmWeatherRaw->setAutoFillBackground(true); // it covers the pages
     frmWeatherRaw->hide();
-    txtWeatherInfo = MakeControl<RawTextBox>(frmWeatherRaw, u"txtWeatherInfo"_s);
+    txtWeatherInfo = MakeControl<LongTextBox>(frmWeatherRaw, u"txtWeatherInfo"_s,
+                                              LongTextBox::LayOut::WhileShown, &RawDataText);
     txtWeatherInfo->setAccessibleName(frmWeatherRaw->title());
     btnWeatherDone[1] = MakeControl<QPushButton>(frmWeatherRaw, u"btnWeatherDone"_s, u"&Done"_s);
 

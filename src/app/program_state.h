@@ -1,9 +1,12 @@
 #pragma once
 
 #include "app/program_files.h"
+#include "forecast/forecast_request.h"
 #include "net/http_transfers.h"
 #include "profiles/weather_profile.h"
 #include "store/min_max_store.h"
+
+#include <array>
 
 /// Everything that lives for the whole run and that the subsystems share.
 ///
@@ -20,7 +23,9 @@ struct ProgramState
     ProfileTable profiles = {}; ///< Ten weather profiles, currentWeatherProfile, the forecast's.
     MinMaxTemps minMax = {};
 
-    qint16 ForecastRequestCountdown = 0; ///< Milliseconds to the forecast request; 0: none.
+    ForecastState forecast = {};
+    std::array<bool, 4> ScheduleFired = {}; ///< Which of the schedule's slots have been answered.
+    qint16 ForecastRequestCountdown = 0;    ///< Milliseconds to the forecast request; 0: none.
 
     TransferHandle WeatherThreadHandle = 0;
     TransferHandle ForecastThreadHandle = 0;

@@ -1,9 +1,10 @@
 #include "app/control.h"
 #include "app/elided_label.h"
+#include "app/long_text_box.h"
 #include "app/message_boxes.h"
-#include "app/raw_text_box.h"
 #include "app/unix_signals.h"
 #include "app/value_box.h"
+#include "weather/weather_data.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void valueBoxKeepsTheWholeValue();
     void valueBoxCannotBeTypedInto();
     void rawBoxLaysOutOnlyWhatIsShown();
+    void longBoxMakesItsTextReadable();
     void rawBoxLaysOutALongTextInPieces();
     void rawBoxKeepsLineEndsAcrossPieces();
     void shortLinesAreLeftAsTheyAre();
@@ -86,14 +88,14 @@ void tst_Boxes::valueBoxCannotBeTypedInto()
 
 void tst_Boxes::rawBoxLaysOutOnlyWhatIsShown()
 {
-    RawTextBox box(nullptr);
-    box.SetReply("reply");
+    LongTextBox box(LongTextBox::LayOut::WhileShown, nullptr, nullptr);
+    box.SetText("reply");
     QCOMPARE(box.Text(), "reply");
     QCOMPARE(box.toPlainText(), "");
 
     box.show();
     QCOMPARE(box.toPlainText(), "reply");
-    box.SetReply("another");
+    box.SetText("another");
     QCOMPARE(box.toPlainText(), "another");
 
     box.hide();
@@ -101,26 +103,35 @@ void tst_Boxes::rawBoxLaysOutOnlyWhatIsShown()
     QCOMPARE(box.Text(), "another");
 }
 
+void tst_Boxes::longBoxMakesItsTextReadable()
+{
+    LongTextBox box(LongTextBox::LayOut::Always, &RawDataText, nullptr);
+    box.SetText("a\tb\nc");
+
+    QCOMPARE(box.Text(), "a     b\r\nc");
+    QCOMPARE(box.toPlainText(), "a     b\nc"); // also while it is hidden
+}
+
 void tst_Boxes::rawBoxLaysOutALongTextInPieces()
 {
     const QString line(99, u'x');
-    const int lines = int(RawTextBox::kPiece / 100) * 3;
+    const int lines = int(LongTextBox::kPiece / 100) * 3;
     const QString text = (line + '\n').repeated(lines);
-    RawTextBox box(nullptr);
-    box.SetReply(text);
+    LongTextBox box(LongTextBox::LayOut::WhileShown, nullptr, nullptr);
+    box.SetText(text);
 
     box.show();
-    QVERIFY(box.toPlainText().size() <= RawTextBox::kPiece);
+    QVERIFY(box.toPlainText().size() <= LongTextBox::kPiece);
     QTRY_COMPARE(box.toPlainText(), text);
-    QCOMPARE(box.Text(), QString(text).replace("\n", "\r\n"));
+    QCOMPARE(box.Text(), text);
 }
 
 void tst_Boxes::rawBoxKeepsLineEndsAcrossPieces()
 {
     // The first piece would end between CR and LF.
-    const QString text = QString(RawTextBox::kPiece - 1, u' ').replace(500, 1, "\n") + "\r\nend";
-    RawTextBox box(nullptr);
-    box.SetReply(text);
+    const QString text = QString(LongTextBox::kPiece - 1, u' ').replace(500, 1, "\n") + "\r\nend";
+    LongTextBox box(LongTextBox::LayOut::WhileShown, nullptr, nullptr);
+    box.SetText(text);
 
     box.show();
     QTRY_VERIFY(box.toPlainText().endsWith("end"));

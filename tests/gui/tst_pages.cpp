@@ -148,7 +148,6 @@ private Q_SLOTS:
     void correctsThePortWhenItIsLeft();
     void endsWithTheFocusInThePortBox();
     void takesTheStartUpOptionAtOnce();
-    void marksTheForecastAsMissing();
     void describesControlsByNameOnRequest();
     void reachesEveryControlByTheTabKey();
     void fitsItsWindow_data();
@@ -326,14 +325,6 @@ void tst_Pages::takesTheStartUpOptionAtOnce()
     QVERIFY(!m->Restart());
     QVERIFY(!m->state.MinimizeOnStartupEnabled);
     QVERIFY(!m->window->isMinimized());
-}
-
-void tst_Pages::marksTheForecastAsMissing()
-{
-    for (const QString name : {"btnGetForecast", "btnSelectNOAAZone"}) {
-        QVERIFY(!m->Find(name)->isEnabled());
-        QVERIFY(m->Find(name)->toolTip().contains("not part of this version"));
-    }
 }
 
 void tst_Pages::describesControlsByNameOnRequest()

@@ -255,7 +255,7 @@ void tst_UpdateCycle::flagsAZoneCodeBesideABadStateCode()
     m->Type("txtStateCode", "OR");
     m->Type("txtLocation1", ""); // whatever the weather's location is like
     m->window->tmrWeatherCheck_Timer();
-    QCOMPARE(m->Text("lblNextForecastCheck"), "Forecast not available in this version");
+    QCOMPARE(m->Text("lblNextForecastCheck"), "Next Update in 0:05");
 }
 
 QTEST_MAIN(tst_UpdateCycle)
