@@ -1,12 +1,12 @@
 #include "app/frm_main.h"
 
-#include "app/control.h"
-#include "app/elided_label.h"
 #include "app/long_text_box.h"
 #include "app/profile_list.h"
 #include "app/start_up.h"
 #include "app/tab_button.h"
 #include "app/update_cycle.h"
+#include "controls/control.h"
+#include "controls/elided_label.h"
 #include "core/trace.h"
 #include "profiles/profile_file.h"
 

@@ -1,6 +1,6 @@
-#include "app/elided_label.h"
 #include "app/frm_main.h"
 #include "app/long_text_box.h"
+#include "controls/elided_label.h"
 #include "forecast/forecast_location.h"
 #include "forecast/forecast_output.h"
 #include "forecast/forecast_schedule.h"

@@ -1,10 +1,10 @@
-#include "app/control.h"
-#include "app/elided_label.h"
 #include "app/frm_main.h"
 #include "app/long_text_box.h"
 #include "app/profile_list.h"
 #include "app/update_cycle.h"
 #include "app/value_box.h"
+#include "controls/control.h"
+#include "controls/elided_label.h"
 #include "core/text.h"
 #include "profiles/profile_file.h"
 

@@ -1,7 +1,7 @@
-#include "app/control.h"
 #include "app/frm_main.h"
 #include "app/start_up.h"
 #include "app/unix_signals.h"
+#include "controls/control.h"
 #include "core/trace_sink.h"
 #include "net/curl_transfers.h"
 

@@ -1,10 +1,10 @@
 #include "app/page_controls.h"
 
-#include "app/control.h"
-#include "app/elided_label.h"
 #include "app/long_text_box.h"
 #include "app/tab_button.h"
 #include "app/update_cycle.h"
+#include "controls/control.h"
+#include "controls/elided_label.h"
 #include "forecast/forecast_schedule.h"
 
 #include <QBoxLayout>

@@ -1,9 +1,9 @@
-#include "app/control.h"
-#include "app/elided_label.h"
 #include "app/long_text_box.h"
 #include "app/page_controls.h"
 #include "app/profile_list.h"
 #include "app/value_box.h"
+#include "controls/control.h"
+#include "controls/elided_label.h"
 #include "weather/weather_data.h"
 
 #include <QBoxLayout>

@@ -1,6 +1,6 @@
 #include "app/value_box.h"
 
-#include "app/control.h"
+#include "controls/control.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionFrame>

@@ -1,9 +1,9 @@
-#include "app/control.h"
-#include "app/elided_label.h"
 #include "app/long_text_box.h"
 #include "app/message_boxes.h"
 #include "app/unix_signals.h"
 #include "app/value_box.h"
+#include "controls/control.h"
+#include "controls/elided_label.h"
 #include "weather/weather_data.h"
 
 #include <QApplication>

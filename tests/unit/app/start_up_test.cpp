@@ -1,5 +1,5 @@
 #include "app/start_up.h"
-#include "app/state_tables.h"
+#include "core/state_tables.h"
 #include "support/qt_printers.h"
 #include "support/recorded_trace.h"
 

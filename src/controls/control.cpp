@@ -1,4 +1,4 @@
-#include "app/control.h"
+#include "controls/control.h"
 
 #include <QEvent>
 

@@ -1,6 +1,6 @@
-#include "app/elided_label.h"
+#include "controls/elided_label.h"
 
-#include "app/control.h"
+#include "controls/control.h"
 
 #include <QHelpEvent>
 #include <QPainter>
