@@ -70,8 +70,7 @@ int main(int argc, char *argv[])
     ProgramState state;
     TakeFolder(state);
     frmMain window(state, platform, AskYesNo);
-    if (qEnvironmentVariable("TAVRIN_WEATHER_NAMES") == "1"_L1)
-        DescribeControlsByName(window);
+    DescribeControlsOnRequest(window);
 
     if (const auto problem = window.Form_Load(command)) { // else shows the window, or minimises it
         PrintProblem(*problem);

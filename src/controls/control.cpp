@@ -55,3 +55,9 @@ void DescribeControlsByName(QWidget &window)
             control->setAccessibleDescription(control->objectName());
     }
 }
+
+void DescribeControlsOnRequest(QWidget &window)
+{
+    if (qEnvironmentVariable("TAVRIN_WEATHER_NAMES") == "1"_L1)
+        DescribeControlsByName(window);
+}

@@ -38,3 +38,6 @@ void SetBold(QWidget *control, bool bold);
 /// Gives the window and every control in it its own name as accessible description, for automated
 /// checks of the running window.
 void DescribeControlsByName(QWidget &window);
+
+/// The same, when the environment variable `TAVRIN_WEATHER_NAMES` is "1".
+void DescribeControlsOnRequest(QWidget &window);

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+class ElidedLabel;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QWidget;
+
+/// The controls of the zone finder. All of them belong to its window.
+struct ZoneFinderControls
+{
+    void Build(QWidget *window);
+
+    /// Fits them into the window: the list takes the room that the others leave.
+    void Place(const QWidget &window) const;
+
+    QWidget *frmState = nullptr; ///< What stands above the list; no frame is drawn.
+    QComboBox *cboState = nullptr;
+    QPushButton *btnNOAAZonesGetList = nullptr;
+    QLabel *lblProgress = nullptr; ///< Hidden outside a retrieval.
+
+    QListWidget *lstZoneCodes = nullptr;
+
+    QWidget *frmSearch = nullptr; ///< What stands below the list; no frame is drawn.
+    QLineEdit *txtSearch = nullptr;
+    QPushButton *btnSearch = nullptr;
+    ElidedLabel *lblZoneFiles = nullptr;
+
+    QPushButton *btnSelect = nullptr;
+    QPushButton *btnCancel = nullptr;
+
+    QListWidget *lstZoneFiles = nullptr;    ///< Never shown.
+    QPlainTextEdit *txtZonesTest = nullptr; ///< Never shown.
+
+private:
+    void BuildState(QWidget *window);
+    void BuildList(QWidget *window);
+    void BuildSearch(QWidget *window);
+    void SetTabOrder() const;
+};
