@@ -204,7 +204,7 @@ TEST_F(ZoneRetrieval, TakesTheDateOfTheMomentAtWhichTheListIsRead)
 {
     retrieval->Start("https://host", "MD");
     FinishUrl(kList, List({11}));
-    clock.AdvanceSeconds(3 * 24 * 3600);
+    clock.Set(QDateTime(QDate(2026, 11, 19), QTime(12, 0)));
 
     retrieval->Poll();
     retrieval->Poll();
