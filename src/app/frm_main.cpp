@@ -168,6 +168,7 @@ void frmMain::ConnectWeatherControls()
 {
     connect(btnGetWeather, &QPushButton::clicked, this, &frmMain::btnGetWeather_Click);
     connect(btnGetForecast, &QPushButton::clicked, this, &frmMain::btnGetForecast_Click);
+    connect(btnSelectNOAAZone, &QPushButton::clicked, this, &frmMain::btnSelectNOAAZone_Click);
     connect(btnShowRaw, &QPushButton::clicked, this, &frmMain::btnShowRaw_Click);
     connect(btnWeatherSettings, &QPushButton::clicked, this, &frmMain::btnWeatherSettings_Click);
     for (QPushButton *done : btnWeatherDone)
@@ -194,6 +195,7 @@ void frmMain::Form_Unload()
     m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
     m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
     SaveSettings(m_state.files.Settings(), GatherSettings());
+    UnloadZoneFinder();
 }
 
 Settings frmMain::GatherSettings() const

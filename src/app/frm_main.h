@@ -7,11 +7,14 @@
 #include "store/settings_file.h"
 #include "weather/weather_data.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
 #include <optional>
+
+class frmFindNOAAZones;
 
 /// Who ends the program. Only the user at the title bar is asked.
 enum class UnloadMode
@@ -65,6 +68,7 @@ public Q_SLOTS:
     void tmrDisclamer_Timer();
     void btnGetWeather_Click();
     void btnGetForecast_Click();
+    void btnSelectNOAAZone_Click();
 
     void btnShowRaw_Click();
     void btnWeatherSettings_Click();
@@ -111,6 +115,8 @@ private:
     void PollForecastTransfer();
     void PollZoneCodeTransfer();
     void CountDownToForecast();
+    void TakeZone(const QString &zone, const QString &stateCode);
+    void UnloadZoneFinder();
     [[nodiscard]] bool IsForecastLocationThere() const;
 
     void StoreLocations();
@@ -121,6 +127,7 @@ private:
     ProgramState &m_state;
     Platform m_platform;
     YesNoQuestion m_askYesNo;
+    QPointer<frmFindNOAAZones> m_zoneFinder; ///< Null while it is not open.
 
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
     qint16 m_requestedProfile = -1;   ///< The profile that the weather transfer was started for.

@@ -1,9 +1,11 @@
 #include "app/frm_main.h"
 #include "app/long_text_box.h"
+#include "controls/control.h"
 #include "controls/elided_label.h"
 #include "forecast/forecast_location.h"
 #include "forecast/forecast_output.h"
 #include "forecast/forecast_schedule.h"
+#include "zones/frm_find_noaa_zones.h"
 #include "zones/zone_code_transfer.h"
 
 #include <QCheckBox>
@@ -16,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kInvalidLocation = u"Invalid Location"_s;
+constexpr qint16 kNewZoneDelay = 5000; // milliseconds
 
 } // namespace
 
@@ -104,6 +107,41 @@ void frmMain::SaveForecastData()
 
 void frmMain::PollZoneCodeTransfer()
 {
-    // The text is for the zone finder alone, and only while that is open.
-    static_cast<void>(CheckZoneCodeTransfer(m_state.ZoneCodeThreadHandle, m_platform.http, *this));
+    const std::optional<QString> text =
+        CheckZoneCodeTransfer(m_state.ZoneCodeThreadHandle, m_platform.http, *this);
+    if (text && m_zoneFinder != nullptr)
+        m_zoneFinder->SetZonesTest(*text);
+}
+
+void frmMain::btnSelectNOAAZone_Click()
+{
+    if (m_zoneFinder == nullptr) {
+        m_zoneFinder =
+            new frmFindNOAAZones(m_platform.http, m_platform.clock, m_state.profiles.forecast.host,
+                                 m_state.ZoneFinderOpen, m_state.SelectedStateIndex, this);
+        connect(m_zoneFinder, &frmFindNOAAZones::ZoneSelected, this, &frmMain::TakeZone);
+        m_zoneFinder->Form_Load();
+        if (!accessibleDescription().isEmpty()) // this window's controls are described, too
+            DescribeControlsByName(*m_zoneFinder);
+    }
+    m_zoneFinder->showNormal(); // also when it has been minimised
+    m_zoneFinder->raise();
+    m_zoneFinder->activateWindow();
+}
+
+void frmMain::TakeZone(const QString &zone, const QString &stateCode)
+{
+    const bool differs = zone != txtZoneCode->text();
+    txtZoneCode->setText(zone);
+    txtStateCode->setText(stateCode);
+    if (differs)
+        m_state.ForecastRequestCountdown = kNewZoneDelay;
+}
+
+void frmMain::UnloadZoneFinder()
+{
+    if (!m_state.ZoneFinderOpen || m_zoneFinder == nullptr)
+        return;
+    m_zoneFinder->Form_Unload();
+    delete m_zoneFinder; // at once, with the transfers that it may still have
 }

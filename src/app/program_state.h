@@ -27,6 +27,9 @@ struct ProgramState
     std::array<bool, 4> ScheduleFired = {}; ///< Which of the schedule's slots have been answered.
     qint16 ForecastRequestCountdown = 0;    ///< Milliseconds to the forecast request; 0: none.
 
+    bool ZoneFinderOpen = false;   ///< The zone finder is loaded.
+    qint16 SelectedStateIndex = 0; ///< The state that the zone finder begins with, 0..49.
+
     TransferHandle WeatherThreadHandle = 0;
     TransferHandle ForecastThreadHandle = 0;
     TransferHandle ZoneCodeThreadHandle = 0;
