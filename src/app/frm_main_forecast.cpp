@@ -1,6 +1,5 @@
 #include "app/frm_main.h"
 #include "app/long_text_box.h"
-#include "controls/control.h"
 #include "controls/elided_label.h"
 #include "forecast/forecast_location.h"
 #include "forecast/forecast_output.h"
@@ -121,8 +120,6 @@ void frmMain::btnSelectNOAAZone_Click()
                                  m_state.ZoneFinderOpen, m_state.SelectedStateIndex, this);
         connect(m_zoneFinder, &frmFindNOAAZones::ZoneSelected, this, &frmMain::TakeZone);
         m_zoneFinder->Form_Load();
-        if (!accessibleDescription().isEmpty()) // this window's controls are described, too
-            DescribeControlsByName(*m_zoneFinder);
     }
     m_zoneFinder->showNormal(); // also when it has been minimised
     m_zoneFinder->raise();

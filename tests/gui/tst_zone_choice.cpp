@@ -25,7 +25,6 @@ private Q_SLOTS:
     void closesTheFinderWithTheProgram();
     void endsARetrievalWithTheProgram();
     void givesTheFinderReceivedCodes();
-    void describesTheFindersControlsToo();
 
 private:
     [[nodiscard]] frmFindNOAAZones *Finder() const
@@ -147,16 +146,6 @@ void tst_ZoneChoice::givesTheFinderReceivedCodes()
     QCOMPARE(m->Find("txtZonesTest")->property("text").toString()
                  + m->Find("txtZonesTest")->property("plainText").toString(),
              "codes");
-}
-
-void tst_ZoneChoice::describesTheFindersControlsToo()
-{
-    m->window->setAccessibleDescription("frmMain");
-
-    m->window->btnSelectNOAAZone_Click();
-
-    QCOMPARE(Finder()->accessibleDescription(), "frmFindNOAAZones");
-    QCOMPARE(m->Find("cboState")->accessibleDescription(), "cboState");
 }
 
 QTEST_MAIN(tst_ZoneChoice)
