@@ -1,0 +1,540 @@
+#include "core/state_tables.h"
+
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include "gui/layout_fault.h"
+#include "gui/zone_finder.h"
+
+namespace {
+
+const QStringList kZones{"MDZ001:  Garrett", "MDZ006:  Northern Baltimore",
+                         "MDZ011:  Southern Baltimore, Including the cities of Towson",
+                         "MDZ013:  Prince Georges, Including the city of Bowie",
+                         "MDZ014:  Anne Arundel, Including the city of Towson Mill"};
+
+const QStringList kButtons{"btnNOAAZonesGetList", "btnSearch", "btnSelect", "btnCancel"};
+
+} // namespace
+
+/// The zone finder's controls: states, search and selection.
+class tst_frmFindNOAAZones final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m.reset(); }
+
+    void hasItsControlsAndTexts();
+    void listsTheStates();
+    void beginsWithTheGivenState();
+    void tellsThatItIsOpen();
+    void tellsOnceThatItIsClosed();
+    void isDeletedWithItsOwner();
+
+    void findsPlacesWhateverTheCase();
+    void findsNothingInZoneCodes();
+    void searchesFromTheEighthCharacterOn();
+    void stepsThroughAllMatchesAndWraps();
+    void findsTheOnlyMatchAgain();
+    void keepsTheSelectionWithoutASearchText();
+    void leavesNothingSelectedWithoutAMatch();
+    void deselectsWhenTheSearchTextChanges();
+
+    void enablesSelectAtAnyChoiceOfAnEntry();
+    void handsBackZoneAndState();
+    void handsBackTheStateOfTheMoment();
+    void handsBackNothingWithoutASelection();
+    void handsBackNothingWithoutAState();
+
+    void findsByEnterInTheSearchBox();
+    void selectsByEnterAndDoubleClick_data();
+    void selectsByEnterAndDoubleClick();
+    void doesNotSelectByASingleClick();
+    void pressesTheFocusedButtonByEnter();
+    void closesByEscape();
+    void hasAMnemonicForEveryButton();
+    void isWalkedThroughByTheTabKey();
+    void namesItsControlsForAccessibility();
+    void describesControlsByNameOnRequest();
+
+    void keepsItsHeightAndSmallestWidth();
+    void spansTheWidthWithItsList_data();
+    void spansTheWidthWithItsList();
+    void fitsItsWindow_data();
+    void fitsItsWindow();
+    void showsLongEntriesWhole();
+    void laysOutOnlyWhatCanBeRead();
+    void takesTheTextOfAZoneCodeTransfer();
+
+private:
+    [[nodiscard]] QListWidget *List() const { return m->Find<QListWidget>("lstZoneCodes"); }
+    void ClickEntry(int entry) const
+    {
+        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
+                          List()->visualItemRect(List()->item(entry)).center());
+    }
+
+    FakeTransfers m_http;
+    std::unique_ptr<ZoneFinder> m;
+};
+
+void tst_frmFindNOAAZones::init()
+{
+    m = std::make_unique<ZoneFinder>(m_http);
+    m->Open();
+    m->Fill(kZones);
+}
+
+void tst_frmFindNOAAZones::hasItsControlsAndTexts()
+{
+    const auto text = [this](const QString &name) { return m->Label(name).remove('&'); };
+    const auto caption = [this](const QString &name) {
+        return m->Find<QPushButton>(name)->text().remove('&');
+    };
+    QCOMPARE(m->dialog->windowTitle(), "Select NOAA Zone Code");
+    QCOMPARE(text("Label1"), "Select State to Search");
+    QCOMPARE(text("Label2"), "Available Forecast Station Zone Codes");
+    QCOMPARE(text("Label3"), "Search Zone Code List for City/Location");
+    QCOMPARE(text("Label4"), "NOTE: Search results may include neighboring state locations to the "
+                             "selected state.");
+    QCOMPARE(caption("btnNOAAZonesGetList"), "Get Zone Code List");
+    QCOMPARE(caption("btnSearch"), "Find");
+    QCOMPARE(caption("btnSelect"), "Select");
+    QCOMPARE(caption("btnCancel"), "Cancel");
+    for (const QString shown : {"cboState", "lstZoneCodes", "txtSearch", "lblZoneFiles"})
+        QVERIFY2(m->IsShown(shown), qPrintable(shown));
+    for (const QString hidden : {"lblProgress", "lstZoneFiles", "txtZonesTest"})
+        QVERIFY2(!m->IsShown(hidden), qPrintable(hidden));
+    QCOMPARE(m->Label("lblZoneFiles"), "");
+    QVERIFY(!m->IsEnabled("btnSelect"));
+    QVERIFY(!m->dialog->isModal());
+    QVERIFY(m->dialog->isWindow());
+    QCOMPARE(m->dialog->parentWidget(), m->owner.get());
+}
+
+void tst_frmFindNOAAZones::listsTheStates()
+{
+    const auto *states = m->Find<QComboBox>("cboState");
+    QCOMPARE(states->count(), 50);
+    QCOMPARE(states->itemText(0), "ALABAMA");
+    QCOMPARE(states->itemText(ZoneFinder::kMaryland), "MARYLAND");
+    QCOMPARE(states->itemText(49), "WYOMING");
+    QVERIFY(!states->isEditable());
+}
+
+void tst_frmFindNOAAZones::beginsWithTheGivenState()
+{
+    QCOMPARE(m->Find<QComboBox>("cboState")->currentText(), "MARYLAND");
+
+    m->Open(0);
+
+    QCOMPARE(m->Find<QComboBox>("cboState")->currentText(), "ALABAMA");
+}
+
+void tst_frmFindNOAAZones::tellsThatItIsOpen()
+{
+    QVERIFY(m->isOpen);
+
+    m->Click("btnCancel");
+
+    QVERIFY(!m->isOpen);
+    QVERIFY(!m->dialog->isVisible());
+    ZoneFinder::DeleteClosed();
+    QVERIFY(m->dialog.isNull());
+}
+
+void tst_frmFindNOAAZones::tellsOnceThatItIsClosed()
+{
+    m->dialog->close();
+    m->Open(); // before the event loop has deleted the first one
+
+    ZoneFinder::DeleteClosed();
+
+    QVERIFY(m->isOpen);
+    QVERIFY(!m->dialog.isNull());
+}
+
+void tst_frmFindNOAAZones::isDeletedWithItsOwner()
+{
+    m->owner.reset();
+
+    QVERIFY(m->dialog.isNull());
+    QVERIFY(!m->isOpen);
+}
+
+// --- search
+
+void tst_frmFindNOAAZones::findsPlacesWhateverTheCase()
+{
+    for (const QString text : {"towson", "TOWSON", "TowSon"}) {
+        m->Type(text);
+        m->Click("btnSearch");
+        QCOMPARE(m->Selected(), 2);
+        QVERIFY(m->IsEnabled("btnSelect"));
+    }
+}
+
+void tst_frmFindNOAAZones::findsNothingInZoneCodes()
+{
+    m->Type("MDZ");
+    m->Click("btnSearch");
+
+    QCOMPARE(m->Selected(), -1);
+    QVERIFY(!m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::searchesFromTheEighthCharacterOn()
+{
+    m->Type("  Southern");
+    m->Click("btnSearch");
+    QCOMPARE(m->Selected(), 2);
+
+    m->Type(":  Southern");
+    m->Click("btnSearch");
+    QCOMPARE(m->Selected(), -1);
+}
+
+void tst_frmFindNOAAZones::stepsThroughAllMatchesAndWraps()
+{
+    m->Type("including");
+    QList<int> selected;
+    for (int i = 0; i < 4; ++i) {
+        m->Click("btnSearch");
+        selected.append(m->Selected());
+    }
+
+    QCOMPARE(selected, (QList<int>{2, 3, 4, 2}));
+    QVERIFY(m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::findsTheOnlyMatchAgain()
+{
+    m->Type("bowie");
+    m->Click("btnSearch");
+    m->Click("btnSearch");
+
+    QCOMPARE(m->Selected(), 3);
+    QVERIFY(m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::keepsTheSelectionWithoutASearchText()
+{
+    ClickEntry(1);
+
+    m->Click("btnSearch");
+
+    QCOMPARE(m->Selected(), 1);
+    QVERIFY(m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::leavesNothingSelectedWithoutAMatch()
+{
+    m->Type("nowhere");
+    ClickEntry(1);
+    QVERIFY(m->IsEnabled("btnSelect"));
+
+    m->Click("btnSearch");
+
+    QCOMPARE(m->Selected(), -1);
+    QVERIFY(!m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::deselectsWhenTheSearchTextChanges()
+{
+    ClickEntry(1);
+    QCOMPARE(m->Selected(), 1);
+
+    QTest::keyClicks(m->Find("txtSearch"), "t");
+    QCOMPARE(m->Selected(), -1);
+
+    // So the search begins at the first entry again.
+    m->Type("baltimore");
+    m->Click("btnSearch");
+    QCOMPARE(m->Selected(), 1);
+}
+
+// --- selection
+
+void tst_frmFindNOAAZones::enablesSelectAtAnyChoiceOfAnEntry()
+{
+    QVERIFY(!m->IsEnabled("btnSelect"));
+    ClickEntry(3);
+    QVERIFY(m->IsEnabled("btnSelect"));
+
+    m->Type("nowhere");
+    m->Click("btnSearch");
+    QVERIFY(!m->IsEnabled("btnSelect"));
+    QTest::keyClick(List(), Qt::Key_Down);
+    QVERIFY(m->Selected() >= 0);
+    QVERIFY(m->IsEnabled("btnSelect"));
+}
+
+void tst_frmFindNOAAZones::handsBackZoneAndState()
+{
+    ClickEntry(2);
+    m->Click("btnSelect");
+
+    QCOMPARE(m->selected, QStringList{"MDZ011 MD"});
+    QVERIFY(!m->isOpen);
+    ZoneFinder::DeleteClosed();
+    QVERIFY(m->dialog.isNull());
+}
+
+void tst_frmFindNOAAZones::handsBackTheStateOfTheMoment()
+{
+    m->Find<QComboBox>("cboState")->setCurrentIndex(49);
+    ClickEntry(2);
+    m->Click("btnSelect");
+
+    QCOMPARE(m->selected, QStringList{"MDZ011 WY"});
+}
+
+void tst_frmFindNOAAZones::handsBackNothingWithoutASelection()
+{
+    ClickEntry(2);
+    m->Type("t"); // takes the selection away and leaves the button as it is
+    QVERIFY(m->IsEnabled("btnSelect"));
+
+    m->Click("btnSelect");
+
+    QCOMPARE(m->selected, QStringList());
+    QVERIFY(m->isOpen);
+}
+
+void tst_frmFindNOAAZones::handsBackNothingWithoutAState()
+{
+    m->Find<QComboBox>("cboState")->setCurrentIndex(-1);
+    ClickEntry(2);
+    m->Click("btnSelect");
+
+    QCOMPARE(m->selected, QStringList());
+    QVERIFY(m->isOpen);
+}
+
+// --- keys
+
+void tst_frmFindNOAAZones::findsByEnterInTheSearchBox()
+{
+    m->Type("towson");
+    QTest::keyClick(m->Find("txtSearch"), Qt::Key_Return);
+    QCOMPARE(m->Selected(), 2);
+    QTest::keyClick(m->Find("txtSearch"), Qt::Key_Enter);
+    QCOMPARE(m->Selected(), 4);
+    QCOMPARE(m->selected, QStringList());
+}
+
+void tst_frmFindNOAAZones::selectsByEnterAndDoubleClick_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter") << int(Qt::Key_Enter);
+    QTest::newRow("double click") << 0;
+}
+
+void tst_frmFindNOAAZones::selectsByEnterAndDoubleClick()
+{
+    QFETCH(int, key);
+    QApplication::setActiveWindow(m->dialog);
+    List()->setFocus();
+    ClickEntry(3);
+
+    if (key != 0)
+        QTest::keyClick(List(), Qt::Key(key));
+    else
+        QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {},
+                           List()->visualItemRect(List()->item(3)).center());
+
+    QCOMPARE(m->selected, QStringList{"MDZ013 MD"});
+    QVERIFY(!m->isOpen);
+}
+
+void tst_frmFindNOAAZones::doesNotSelectByASingleClick()
+{
+    ClickEntry(3);
+
+    QCOMPARE(m->selected, QStringList());
+    QVERIFY(m->isOpen);
+}
+
+void tst_frmFindNOAAZones::pressesTheFocusedButtonByEnter()
+{
+    m->Type("bowie");
+    QTest::keyClick(m->Find("btnSearch"), Qt::Key_Return);
+    QCOMPARE(m->Selected(), 3);
+
+    QTest::keyClick(m->Find("btnSelect"), Qt::Key_Return);
+    QCOMPARE(m->selected, QStringList{"MDZ013 MD"});
+}
+
+void tst_frmFindNOAAZones::closesByEscape()
+{
+    QApplication::setActiveWindow(m->dialog);
+    m->Find("txtSearch")->setFocus();
+
+    QTest::keyClick(m->Find("txtSearch"), Qt::Key_Escape);
+
+    QVERIFY(!m->isOpen);
+    QVERIFY(!m->dialog->isVisible());
+}
+
+void tst_frmFindNOAAZones::hasAMnemonicForEveryButton()
+{
+    QStringList texts;
+    for (const QString &name : kButtons)
+        texts.append(m->Find<QPushButton>(name)->text());
+    for (const QString label : {"Label1", "Label2", "Label3"}) {
+        texts.append(m->Label(label));
+        QVERIFY(m->Find<QLabel>(label)->buddy() != nullptr);
+    }
+    QStringList keys;
+    for (const QString &text : texts) {
+        const QString key = QKeySequence::mnemonic(text).toString();
+        QVERIFY2(!key.isEmpty(), qPrintable(text));
+        QVERIFY2(!keys.contains(key), qPrintable(text));
+        keys.append(key);
+    }
+}
+
+void tst_frmFindNOAAZones::isWalkedThroughByTheTabKey()
+{
+    ClickEntry(2); // so that every button can have the focus
+    m->Find("cboState")->setFocus();
+    QStringList stops;
+    for (int i = 0; i < 7; ++i) {
+        stops.append(m->dialog->focusWidget()->objectName());
+        QTest::keyClick(m->dialog->focusWidget(), Qt::Key_Tab);
+    }
+
+    QCOMPARE(stops, (QStringList{"cboState", "btnNOAAZonesGetList", "lstZoneCodes", "txtSearch",
+                                 "btnSearch", "btnSelect", "btnCancel"}));
+    QCOMPARE(m->dialog->focusWidget()->objectName(), "cboState");
+}
+
+void tst_frmFindNOAAZones::namesItsControlsForAccessibility()
+{
+    QCOMPARE(m->Find("cboState")->accessibleName(), "Select State to Search");
+    QCOMPARE(m->Find("lstZoneCodes")->accessibleName(), "Available Forecast Station Zone Codes");
+    QCOMPARE(m->Find("txtSearch")->accessibleName(), "Search Zone Code List for City/Location");
+}
+
+void tst_frmFindNOAAZones::describesControlsByNameOnRequest()
+{
+    QCOMPARE(m->Find("cboState")->accessibleDescription(), "");
+
+    qputenv("TAVRIN_WEATHER_NAMES", "1");
+    m->Open();
+    qunsetenv("TAVRIN_WEATHER_NAMES");
+
+    QCOMPARE(m->dialog->accessibleDescription(), "frmFindNOAAZones");
+    for (const QString name : {"cboState", "lstZoneCodes", "lblProgress", "lblZoneFiles"})
+        QCOMPARE(m->Find(name)->accessibleDescription(), name);
+}
+
+// --- layout
+
+void tst_frmFindNOAAZones::keepsItsHeightAndSmallestWidth()
+{
+    QCOMPARE(m->dialog->size(), QSize(691, 375)); // 10365 x 5625 twips
+
+    m->dialog->resize(400, 900);
+    QCOMPARE(m->dialog->size(), QSize(691, 375));
+
+    m->dialog->resize(1000, 100);
+    QCOMPARE(m->dialog->size(), QSize(1000, 375));
+}
+
+void tst_frmFindNOAAZones::spansTheWidthWithItsList_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::newRow("smallest") << 691;
+    QTest::newRow("wider") << 1200;
+}
+
+void tst_frmFindNOAAZones::spansTheWidthWithItsList()
+{
+    QFETCH(int, width);
+    m->dialog->resize(width, 375);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(List()->x(), 8);
+    QCOMPARE(List()->width(), width - 16);
+    const QRect select = m->Find("btnSelect")->geometry();
+    const QRect cancel = m->Find("btnCancel")->geometry();
+    QCOMPARE(select.x() + select.width(), width - 8);
+    QVERIFY(cancel.right() < select.left());
+    QCOMPARE(cancel.y(), select.y());
+}
+
+void tst_frmFindNOAAZones::fitsItsWindow_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::newRow("usual font") << 1.0;
+    QTest::newRow("larger font") << 1.2;
+}
+
+void tst_frmFindNOAAZones::fitsItsWindow()
+{
+    QFETCH(double, scale);
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPointSizeF(usual.pointSizeF() * scale);
+    QApplication::setFont(font);
+    m->Open();
+    m->dialog->btnNOAAZonesGetList_Click();
+    m->Find<QLabel>("lblProgress")->setText("100.0%  (254 of 254)");
+    QCoreApplication::processEvents();
+    const QString fault = LayoutFault(m->dialog);
+    const int rows = List()->viewport()->height() / List()->fontMetrics().lineSpacing();
+    QApplication::setFont(usual);
+
+    QCOMPARE(fault, QString());
+    QVERIFY2(rows >= 6, qPrintable(QString::number(rows)));
+}
+
+void tst_frmFindNOAAZones::showsLongEntriesWhole()
+{
+    const QString entry = "MDZ020:  " + QString("Somewhere, ").repeated(40) + "<b>End</b>";
+    m->dialog->close();
+    m_http.refuseOpen = false;
+    m->Open();
+    m->dialog->btnNOAAZonesGetList_Click();
+    m_http.Finish(m_http.open.begin()->first, ZoneListing({20}));
+    m->dialog->tmrRetrieval_Timer();
+    m->dialog->tmrRetrieval_Timer();
+    m_http.Finish(m_http.open.begin()->first, ZoneFile("MDZ020", entry.sliced(9)));
+    m->dialog->tmrRetrieval_Timer();
+    QCoreApplication::processEvents();
+
+    QCOMPARE(m->Entries(), QStringList{entry});
+    QVERIFY(List()->horizontalScrollBar()->maximum() > 0);
+    QVERIFY(List()->item(0)->toolTip().contains("&lt;b&gt;End&lt;/b&gt;"));
+}
+
+void tst_frmFindNOAAZones::laysOutOnlyWhatCanBeRead()
+{
+    List()->clear();
+    m->Fill({QString(1'000'000, 'x'), QString(1'000, 'x'), "two\rwords", "twowords"});
+    const auto width = [this](int row) {
+        return List()->itemDelegate()->sizeHint({}, List()->model()->index(row, 0)).width();
+    };
+
+    QCOMPARE(width(0), width(1));
+    QCOMPARE(width(2), width(3));
+    QCOMPARE(m->Entries().at(0).size(), 1'000'000);
+}
+
+void tst_frmFindNOAAZones::takesTheTextOfAZoneCodeTransfer()
+{
+    m->dialog->SetZonesTest("<b>MDZ011</b>\nMDZ012");
+
+    QCOMPARE(m->Find<QPlainTextEdit>("txtZonesTest")->toPlainText(), "<b>MDZ011</b>\nMDZ012");
+    QVERIFY(!m->IsShown("txtZonesTest"));
+}
+
+QTEST_MAIN(tst_frmFindNOAAZones)
+#include "tst_frm_find_noaa_zones.moc"
