@@ -17,6 +17,10 @@ namespace {
 constexpr auto kLongestWait = std::chrono::milliseconds(1h);
 constexpr auto kPauseAfterFailure = 1s;
 
+// As many as the program ever has on their way: the six of a zone list, weather and forecast. The
+// library's own limit follows the transfers of the moment, and closes some whenever all have ended.
+constexpr long kKeptConnections = 8;
+
 /// Readies libcurl once for the process; it stays so to the end, others may use it too.
 bool CurlIsReady()
 {
@@ -82,7 +86,9 @@ private:
 TransferThread::Engine::Engine(TransferOptions options)
     : m_options(std::move(options))
     , m_multi(CurlIsReady() ? curl_multi_init() : nullptr)
-    , m_usable(m_multi != nullptr)
+    , m_usable(m_multi != nullptr
+               && curl_multi_setopt(m_multi.get(), CURLMOPT_MAXCONNECTS, kKeptConnections)
+                      == CURLM_OK)
 {
     if (m_usable)
         m_network = std::jthread([this](const std::stop_token &stop) { Run(stop); });

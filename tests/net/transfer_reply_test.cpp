@@ -1,4 +1,6 @@
 #include <array>
+#include <atomic>
+#include <vector>
 
 #include "transfer_support.h"
 
@@ -263,6 +265,34 @@ TEST(TransferReply, KeepsTheConnectionForTheNextRequest)
     ExpectReceived(GetFrom(transfers, server.Url("/2")), u"/2");
 
     EXPECT_EQ(server.Accepted(), 1);
+}
+
+TEST(TransferReply, KeepsTheConnectionsOfSixTransfersForTheNextSix)
+{
+    std::atomic<int> arrived = 0;
+    std::atomic<int> expected = 0;
+    const LoopbackServer server([&](Connection &connection, const std::string &) {
+        ++arrived;
+        while (connection.IsOpen() && arrived < expected)
+            connection.Pause(1); // so that all six need one of their own
+        connection.Reply("here");
+    });
+    CurlTransfers transfers;
+
+    for (int round = 0; round < 3; ++round) {
+        expected += 6;
+        std::vector<TransferHandle> handles;
+        for (int i = 0; i < 6; ++i) {
+            handles.push_back(transfers.Net_HTTPThreadOpen(QStringLiteral("80")));
+            transfers.Net_HTTPThreadGet(handles.back(), QString::fromStdString(server.Url()));
+        }
+        for (const TransferHandle handle : handles) {
+            EXPECT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+            transfers.Net_HTTPThreadClose(handle);
+        }
+    }
+
+    EXPECT_EQ(server.Accepted(), 6);
 }
 
 TEST(TransferReply, TakesANewConnectionWhenTheKeptOneWasClosed)
