@@ -1,5 +1,3 @@
-#include "core/state_tables.h"
-
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -20,7 +18,7 @@ const QStringList kButtons{"btnNOAAZonesGetList", "btnSearch", "btnSelect", "btn
 
 } // namespace
 
-/// The zone finder's controls: states, search and selection.
+/// The zone finder's controls: states, keys and layout.
 class tst_frmFindNOAAZones final : public QObject
 {
     Q_OBJECT
@@ -35,21 +33,6 @@ private Q_SLOTS:
     void tellsThatItIsOpen();
     void tellsOnceThatItIsClosed();
     void isDeletedWithItsOwner();
-
-    void findsPlacesWhateverTheCase();
-    void findsNothingInZoneCodes();
-    void searchesFromTheEighthCharacterOn();
-    void stepsThroughAllMatchesAndWraps();
-    void findsTheOnlyMatchAgain();
-    void keepsTheSelectionWithoutASearchText();
-    void leavesNothingSelectedWithoutAMatch();
-    void deselectsWhenTheSearchTextChanges();
-
-    void enablesSelectAtAnyChoiceOfAnEntry();
-    void handsBackZoneAndState();
-    void handsBackTheStateOfTheMoment();
-    void handsBackNothingWithoutASelection();
-    void handsBackNothingWithoutAState();
 
     void findsByEnterInTheSearchBox();
     void selectsByEnterAndDoubleClick_data();
@@ -165,155 +148,6 @@ void tst_frmFindNOAAZones::isDeletedWithItsOwner()
 
     QVERIFY(m->dialog.isNull());
     QVERIFY(!m->isOpen);
-}
-
-// --- search
-
-void tst_frmFindNOAAZones::findsPlacesWhateverTheCase()
-{
-    for (const QString text : {"towson", "TOWSON", "TowSon"}) {
-        m->Type(text);
-        m->Click("btnSearch");
-        QCOMPARE(m->Selected(), 2);
-        QVERIFY(m->IsEnabled("btnSelect"));
-    }
-}
-
-void tst_frmFindNOAAZones::findsNothingInZoneCodes()
-{
-    m->Type("MDZ");
-    m->Click("btnSearch");
-
-    QCOMPARE(m->Selected(), -1);
-    QVERIFY(!m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::searchesFromTheEighthCharacterOn()
-{
-    m->Type("  Southern");
-    m->Click("btnSearch");
-    QCOMPARE(m->Selected(), 2);
-
-    m->Type(":  Southern");
-    m->Click("btnSearch");
-    QCOMPARE(m->Selected(), -1);
-}
-
-void tst_frmFindNOAAZones::stepsThroughAllMatchesAndWraps()
-{
-    m->Type("including");
-    QList<int> selected;
-    for (int i = 0; i < 4; ++i) {
-        m->Click("btnSearch");
-        selected.append(m->Selected());
-    }
-
-    QCOMPARE(selected, (QList<int>{2, 3, 4, 2}));
-    QVERIFY(m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::findsTheOnlyMatchAgain()
-{
-    m->Type("bowie");
-    m->Click("btnSearch");
-    m->Click("btnSearch");
-
-    QCOMPARE(m->Selected(), 3);
-    QVERIFY(m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::keepsTheSelectionWithoutASearchText()
-{
-    ClickEntry(1);
-
-    m->Click("btnSearch");
-
-    QCOMPARE(m->Selected(), 1);
-    QVERIFY(m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::leavesNothingSelectedWithoutAMatch()
-{
-    m->Type("nowhere");
-    ClickEntry(1);
-    QVERIFY(m->IsEnabled("btnSelect"));
-
-    m->Click("btnSearch");
-
-    QCOMPARE(m->Selected(), -1);
-    QVERIFY(!m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::deselectsWhenTheSearchTextChanges()
-{
-    ClickEntry(1);
-    QCOMPARE(m->Selected(), 1);
-
-    QTest::keyClicks(m->Find("txtSearch"), "t");
-    QCOMPARE(m->Selected(), -1);
-
-    // So the search begins at the first entry again.
-    m->Type("baltimore");
-    m->Click("btnSearch");
-    QCOMPARE(m->Selected(), 1);
-}
-
-// --- selection
-
-void tst_frmFindNOAAZones::enablesSelectAtAnyChoiceOfAnEntry()
-{
-    QVERIFY(!m->IsEnabled("btnSelect"));
-    ClickEntry(3);
-    QVERIFY(m->IsEnabled("btnSelect"));
-
-    m->Type("nowhere");
-    m->Click("btnSearch");
-    QVERIFY(!m->IsEnabled("btnSelect"));
-    QTest::keyClick(List(), Qt::Key_Down);
-    QVERIFY(m->Selected() >= 0);
-    QVERIFY(m->IsEnabled("btnSelect"));
-}
-
-void tst_frmFindNOAAZones::handsBackZoneAndState()
-{
-    ClickEntry(2);
-    m->Click("btnSelect");
-
-    QCOMPARE(m->selected, QStringList{"MDZ011 MD"});
-    QVERIFY(!m->isOpen);
-    ZoneFinder::DeleteClosed();
-    QVERIFY(m->dialog.isNull());
-}
-
-void tst_frmFindNOAAZones::handsBackTheStateOfTheMoment()
-{
-    m->Find<QComboBox>("cboState")->setCurrentIndex(49);
-    ClickEntry(2);
-    m->Click("btnSelect");
-
-    QCOMPARE(m->selected, QStringList{"MDZ011 WY"});
-}
-
-void tst_frmFindNOAAZones::handsBackNothingWithoutASelection()
-{
-    ClickEntry(2);
-    m->Type("t"); // takes the selection away and leaves the button as it is
-    QVERIFY(m->IsEnabled("btnSelect"));
-
-    m->Click("btnSelect");
-
-    QCOMPARE(m->selected, QStringList());
-    QVERIFY(m->isOpen);
-}
-
-void tst_frmFindNOAAZones::handsBackNothingWithoutAState()
-{
-    m->Find<QComboBox>("cboState")->setCurrentIndex(-1);
-    ClickEntry(2);
-    m->Click("btnSelect");
-
-    QCOMPARE(m->selected, QStringList());
-    QVERIFY(m->isOpen);
 }
 
 // --- keys

@@ -218,7 +218,7 @@ void tst_ZoneFinderNetwork::fetchesManyFiles()
     QCOMPARE(m->Entries().back(), "MDZ254:  Bowie 254");
     QCOMPARE(m->Label("lblProgress"), "100.0%  (254 of 254)");
     QCOMPARE(m_server->Heads().size(), size_t(255));
-    QVERIFY2(m_server->Accepted() <= 12, qPrintable(QString::number(m_server->Accepted())));
+    QVERIFY(m_server->Accepted() <= 6); // connections are kept
 }
 
 void tst_ZoneFinderNetwork::tellsWhyThereIsNoList_data()
