@@ -17,7 +17,7 @@ class LongTextBox final : public QPlainTextEdit
 
 public:
     /// Characters that are laid out at once; the first piece is there at once, too.
-    static constexpr qsizetype kPiece = 128 * 1024;
+    static constexpr qsizetype kPiece = qsizetype(128) * 1024;
 
     /// When the text is laid out.
     enum class LayOut

@@ -96,7 +96,7 @@ void ZoneFinderControls::BuildState(QWidget *window)
     layout->addLayout(titles);
 }
 
-void ZoneFinderControls::BuildList(QWidget *window)
+void ZoneFinderControls::BuildList(QWidget *window) const
 {
     QFont font = window->font();
     font.setPointSizeF(font.pointSizeF() + 1); // place names are what is read here

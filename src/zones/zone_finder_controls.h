@@ -39,7 +39,7 @@ struct ZoneFinderControls
 
 private:
     void BuildState(QWidget *window);
-    void BuildList(QWidget *window);
+    void BuildList(QWidget *window) const;
     void BuildSearch(QWidget *window);
     void SetTabOrder() const;
 };

@@ -253,7 +253,7 @@ void tst_Forecast::holdsAForecastOfMegabytes()
     Receive("MDZ011-\n" + body + "$$");
 
     QCOMPARE(Shown().size(), qsizetype(60'000) * 72);
-    QVERIFY(m->Read("Forecast.ini").size() > 60'000 * 70);
+    QVERIFY(m->Read("Forecast.ini").size() > qsizetype(60'000) * 70);
 }
 
 QTEST_MAIN(tst_Forecast)
