@@ -53,7 +53,7 @@ QString DemoHelp()
 {
     return u"Usage: TavrinDemoHost [--port N] [--time YYYY-MM-DDTHH:MM]\n"
            "Serves weather of some stations on 127.0.0.1, in the form of the services that the\n"
-           "shipped profiles ask. Ctrl+C or SIGTERM ends it.\n"
+           "shipped profiles ask, and zone forecasts of MD, TX and WA. Ctrl+C or SIGTERM ends it.\n"
            "  --port N   listen there, 0..65535; 0, the default, picks a free port\n"
            "  --time T   the moment in UTC to serve; default: the clock's\n"_s;
 }

@@ -2,6 +2,7 @@
 #include "demo_host/demo_options.h"
 #include "demo_host/json_replies.h"
 #include "demo_host/text_replies.h"
+#include "demo_host/zone_rows.h"
 
 #include <httplib.h>
 
@@ -61,6 +62,26 @@ void ServePositions(httplib::Server &server, const DemoClock &clock)
     });
 }
 
+/// Serves the folders of forecast zones, and the files in them.
+void ServeZones(httplib::Server &server, const DemoClock &clock)
+{
+    server.Get("/data/forecasts/zone/([^/]+)/([^/]*)", [&](const httplib::Request &request,
+                                                           httplib::Response &response) {
+        const ForecastState *state =
+            FindForecastState(QString::fromStdString(request.matches[1].str()));
+        const QString fileName = QString::fromStdString(request.matches[2].str());
+        if (state != nullptr && fileName.isEmpty()) {
+            response.set_content(ZoneListingPage(*state, clock.Now()).toStdString(), "text/html");
+            return;
+        }
+        const auto file = state == nullptr ? std::nullopt : ZoneFile(*state, fileName, clock.Now());
+        if (file)
+            response.set_content(file->toStdString(), "text/plain");
+        else
+            response.status = 404;
+    });
+}
+
 void ServeAll(httplib::Server &server, const DemoClock &clock)
 {
     Serve(server, R"(/data/observations/metar/decoded/([^/]+)\.TXT)", "text/plain", clock,
@@ -70,6 +91,7 @@ void ServeAll(httplib::Server &server, const DemoClock &clock)
     Serve(server, "/stations/([^/]+)/observations/latest", "application/geo+json", clock,
           FindStation, ObservationJson);
     ServePositions(server, clock);
+    ServeZones(server, clock);
     Serve(server, "/([^/]+)", "application/json", clock, FindPlace, PlaceReply);
     server.set_error_handler([](const httplib::Request &request, httplib::Response &response) {
         if (!response.body.empty())
