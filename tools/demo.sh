@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
-# Starts the built program against a weather service on this machine. Everything it reads and writes
-# lies in build/demo, which is made anew each time.
+# Starts the built program against a weather and forecast service on this machine. Everything it
+# reads and writes lies in build/demo, which is made anew each time.
 #
 # With a display it shows the window and stays until that is closed. Without one it runs unseen,
-# prints the weather output file once that is written, and ends.
+# prints the two output files once both are written, and ends.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
 
-kPatience=30 # seconds until the weather output file must be there
+kPatience=30 # seconds until the output files must be there
 folder=build/demo
+outputs=("$folder/Weather.ini" "$folder/Forecast.ini")
 host=
 program=
 
@@ -49,10 +50,12 @@ WriteProfiles() {
   sed --regexp-extended \
     -e "s#^(baseURL=)https?://[^/%]+(%PORT%)?/#\1$address/#" \
     -e "s#^(copyright=)[^\r]*#\1Invented values of the demo host.#" \
+    -e "s#^\[ForecastProfile0\](\r?)\$#&\nhost=$address\1#" \
     profiles/TavrinWeatherProfiles.ini >"$folder/TavrinWeatherProfiles.ini"
 }
 
-# A place that the demo host knows for every profile, told by the address it asks.
+# A place that the demo host knows for every profile, told by the address it asks, and one of its
+# forecast zones.
 WriteSettings() {
   awk '
     { sub(/\r$/, "") }
@@ -74,6 +77,8 @@ WriteSettings() {
 FirstRun=False
 MinimizeOnStartup=False
 CurrentProfile=0
+ForecastState=MD
+ForecastZone=MDZ011
 HTTPPort=80
 INI
 }
@@ -97,17 +102,27 @@ if [[ -n ${DISPLAY-}${WAYLAND_DISPLAY-} ]]; then
   exit "$result"
 fi
 
-Say "No display: waiting for $folder/Weather.ini"
+Say "No display: waiting for ${outputs[*]}"
 QT_QPA_PLATFORM=offscreen build/release/TavrinWeatherUtility </dev/null &
 program=$!
-Written() { [[ -s $folder/Weather.ini ]]; }
+# The output files that are not there yet.
+Missing() {
+  local file
+  for file in "${outputs[@]}"; do
+    [[ -s $file ]] || echo "$file"
+  done
+}
+Written() { [[ -z $(Missing) ]]; }
 Settled() { Written || ! kill -0 "$program" 2>/dev/null; }
 WaitFor "$kPatience" Settled || true
 Written || {
-  kill -0 "$program" 2>/dev/null || Fail "the program ended and wrote no $folder/Weather.ini"
-  Fail "the program wrote no $folder/Weather.ini within $kPatience s"
+  missing=$(Missing | paste --serial --delimiters=' ')
+  kill -0 "$program" 2>/dev/null || Fail "the program ended and did not write $missing"
+  Fail "the program did not write $missing within $kPatience s"
 }
-tr --delete '\r' <"$folder/Weather.ini"
+for file in "${outputs[@]}"; do
+  tr --delete '\r' <"$file"
+done
 kill -TERM "$program"
 result=0
 wait "$program" || result=$?

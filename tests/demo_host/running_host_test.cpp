@@ -48,6 +48,20 @@ TEST_F(RunningHost, ServesTheFormsOfJson)
     EXPECT_NE(place->body.find("\"temp_C\": \"23\","), std::string::npos);
 }
 
+TEST_F(RunningHost, ServesZoneListingsAndZoneFiles)
+{
+    const auto listing = m_client.Get("/data/forecasts/zone/md/");
+    const auto file = m_client.Get("/data/forecasts/zone/md/mdz011.txt");
+
+    ASSERT_TRUE(listing);
+    EXPECT_EQ(listing->status, 200);
+    EXPECT_NE(listing->body.find("<tr><td><a href=\"mdz011.txt\">"), std::string::npos);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->status, 200);
+    EXPECT_EQ(file->get_header_value("Content-Type"), "text/plain");
+    EXPECT_NE(file->body.find("\nMDZ011-150800-\nWestern Highbridge County-\n"), std::string::npos);
+}
+
 TEST_F(RunningHost, RefusesAPositionThatIsNone)
 {
     const auto reply = m_client.Get("/v1/forecast?latitude=north");
@@ -59,9 +73,10 @@ TEST_F(RunningHost, RefusesAPositionThatIsNone)
 
 TEST_F(RunningHost, AnswersAPageForAnUnknownStationOrAddress)
 {
-    for (const char *address :
-         {"/data/observations/metar/decoded/XXXX.TXT", "/xml/current_obs/kbwi.xml",
-          "/stations/X/observations/latest", "/Atlantis", "/"}) {
+    for (const char *address : {"/data/observations/metar/decoded/XXXX.TXT",
+                                "/xml/current_obs/kbwi.xml", "/stations/X/observations/latest",
+                                "/data/forecasts/zone/zz/", "/data/forecasts/zone/md/mdz099.txt",
+                                "/data/forecasts/zone/zz/mdz011.txt", "/Atlantis", "/"}) {
         const auto reply = m_client.Get(address);
 
         ASSERT_TRUE(reply) << address;

@@ -95,7 +95,7 @@ class tst_end_to_end final : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void writesTheWeatherOfTheDemoHost();
+    void writesWeatherAndForecastOfTheDemoHost();
     void keepsToSessionAndCodePage();
     void writesNothingWithoutATemperature();
 
@@ -158,18 +158,23 @@ QStringList tst_end_to_end::Files() const
     return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
-void tst_end_to_end::writesTheWeatherOfTheDemoHost()
+void tst_end_to_end::writesWeatherAndForecastOfTheDemoHost()
 {
     ChildProgram host(TAVRIN_DEMO_HOST, {"--port", "0", "--time", "2026-03-14T20:00"});
     TakeProfiles("observation_profiles.ini", host.FirstLine().section(' ', -1).toLatin1());
-    Write(Path("TavrinWeatherSettings.ini"), "[Profile0]\r\nlocation1=KBWI\r\n");
+    Write(Path("TavrinWeatherSettings.ini"),
+          "[Profile0]\r\nlocation1=KBWI\r\n"
+          "[Settings]\r\nForecastZone=MDZ011\r\nForecastState=MD\r\n");
 
     Start();
 
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Weather.ini")), kPatience);
     QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Forecast.ini")), kPatience);
+    QCOMPARE(Bytes(Path("Forecast.ini")), Expected("observation_forecast.ini"));
     EndProgram();
     QCOMPARE(Bytes(Path("Weather.ini")), Expected("observation_weather.ini"));
+    QCOMPARE(Bytes(Path("Forecast.ini")), Expected("observation_forecast.ini"));
     QCOMPARE(Bytes(Path("TavrinWeatherSettings.ini")), Expected("observation_settings.ini"));
     QVERIFY(Bytes(Path("TavrinWeatherMinMax.ini")).contains("MIN=73.4\r\nMAX=73.4\r\n"));
 }
