@@ -119,7 +119,7 @@ ForecastZone Zone(const ForecastState &state, QStringView owner, int number)
     if (IsShared(state, number))
         zone.segment += u"-%1"_s.arg(number + 1, 3, 10, QChar(u'0'));
     zone.hasHeadline = number % 6 == 5;
-    zone.hasTable = state.capitals && number % 5 == 0;
+    zone.endsInTable = state.capitals && number % 5 == 0;
     zone.hasEndMark = state.capitals || number % 4 != 0;
     return zone;
 }

@@ -32,7 +32,7 @@ struct ForecastZone
     QString names = {};                   ///< Lines with the places, each ended by LF.
     int ageDays = 0;                      ///< Of its row; -1: dated by a clock ahead.
     bool hasHeadline = false;             ///< A hazard is announced.
-    bool hasTable = false;                ///< A table follows behind "&&".
+    bool endsInTable = false;             ///< A table follows behind "&&".
     bool hasEndMark = true;               ///< "$$" ends the product.
 };
 

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDays = 7;
-constexpr int kIssueHours = 3; ///< From one issue to the next.
-constexpr int kExpiryHours = 12;
+constexpr int kIssueHours = 3;               ///< From one issue to the next.
+constexpr qint64 kExpirySeconds = 12 * 3600; ///< From the issue on.
 
 /// The weather of one day and the night behind it.
 struct DayPattern
@@ -168,7 +168,7 @@ QString ZoneProduct(const ForecastZone &zone, const QDateTime &utc)
 {
     const ForecastState &state = *zone.state;
     const QDateTime issued = IssueTime(zone, utc);
-    const QDateTime expires = issued.addSecs(kExpiryHours * 3600).toUTC();
+    const QDateTime expires = issued.addSecs(kExpirySeconds).toUTC();
     const auto cased = [&](const QString &text) { return state.capitals ? text.toUpper() : text; };
     const QString issueText = cased(IssueText(state, issued));
 
@@ -181,7 +181,7 @@ QString ZoneProduct(const ForecastZone &zone, const QDateTime &utc)
     if (zone.hasHeadline)
         text += Headline(zone, issued);
     text += Periods(zone, issued) + u'\n';
-    if (zone.hasTable)
+    if (zone.endsInTable)
         text += Table(zone, issued);
     if (zone.hasEndMark)
         text += u"$$\n"_s;
