@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDays = 7;
-constexpr int kIssueHours = 3;               ///< From one issue to the next.
-constexpr qint64 kExpirySeconds = 12 * 3600; ///< From the issue on.
+constexpr int kIssueHours = 3;                       ///< From one issue to the next.
+constexpr qint64 kExpirySeconds = qint64{12} * 3600; ///< From the issue on.
 
 /// The weather of one day and the night behind it.
 struct DayPattern
