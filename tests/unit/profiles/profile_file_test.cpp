@@ -241,8 +241,10 @@ TEST_F(ProfileFile, ForecastHasDefaults)
 
 TEST_F(ProfileFile, ForecastTakesWhatTheFileHas)
 {
-    folder.Write("p.ini", "[ForecastProfile0]\ntitle=T\nhost=http://H:81\nbaseURL=B\ncopyright=C %YEAR%, %YEAR%\n"
-                          "copyrightURL=U\ndescription=one[CRLF]two\n");
+    folder.Write(
+        "p.ini",
+        "[ForecastProfile0]\ntitle=T\nhost=http://H:81\nbaseURL=B\ncopyright=C %YEAR%, %YEAR%\n"
+        "copyrightURL=U\ndescription=one[CRLF]two\n");
     ForecastProfile forecast;
 
     const auto caption = LoadForecastProfile(forecast, Ini(), 2026);

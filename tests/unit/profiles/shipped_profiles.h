@@ -23,8 +23,8 @@ struct Outcome
     QList<double> temps = {}; ///< Readings that went to the min/max store.
 };
 
-/// Parses `reply` with the shipped profile of this number; location 1 is "HERE", the clock stands at
-/// 5 March 2026, 6:07:08 AM, one hour ahead of UTC, and the min/max store is neutral.
+/// Parses `reply` with the shipped profile of this number; location 1 is "HERE", the clock stands
+/// at 5 March 2026, 6:07:08 AM, one hour ahead of UTC, and the min/max store is neutral.
 [[nodiscard]] Outcome Parse(std::size_t index, const QString &reply);
 
 /// The value fields as text, one `name=value` per line in the record's order.
