@@ -5,7 +5,7 @@
 kProgramPackages=(
   g++ cmake ninja-build
   qt6-base-dev
-  libcurl4-openssl-dev ca-certificates
+  libcurl4-openssl-dev zlib1g-dev ca-certificates
   libcpp-httplib-dev # the demo host
 )
 # What the tests need on top.
