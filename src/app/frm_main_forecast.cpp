@@ -114,7 +114,7 @@ void frmMain::PollZoneCodeTransfer()
 
 void frmMain::btnSelectNOAAZone_Click()
 {
-    if (m_zoneFinder == nullptr) {
+    if (!m_state.ZoneFinderOpen) { // one that was just closed may not be gone yet
         m_zoneFinder =
             new frmFindNOAAZones(m_platform.http, m_platform.clock, m_state.profiles.forecast.host,
                                  m_state.ZoneFinderOpen, m_state.SelectedStateIndex, this);

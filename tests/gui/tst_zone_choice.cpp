@@ -22,6 +22,7 @@ private Q_SLOTS:
     void takesTheChosenZone();
     void leavesTheCountdownAloneForTheSameZone();
     void opensAnewAfterClosing();
+    void opensAnewBeforeTheClosedOneIsGone();
     void closesTheFinderWithTheProgram();
     void endsARetrievalWithTheProgram();
     void givesTheFinderReceivedCodes();
@@ -108,6 +109,21 @@ void tst_ZoneChoice::opensAnewAfterClosing()
     m->window->btnSelectNOAAZone_Click();
 
     QVERIFY(Finder() != nullptr);
+    QVERIFY(m->state.ZoneFinderOpen);
+}
+
+void tst_ZoneChoice::opensAnewBeforeTheClosedOneIsGone()
+{
+    m->window->btnSelectNOAAZone_Click();
+    auto *closed = Finder();
+    const QSignalSpy destroyed(closed, &QObject::destroyed);
+    closed->btnCancel_Click();
+
+    m->window->btnSelectNOAAZone_Click();
+
+    QTRY_COMPARE(destroyed.size(), 1);
+    QVERIFY(Finder() != nullptr);
+    QVERIFY(Finder()->isVisible());
     QVERIFY(m->state.ZoneFinderOpen);
 }
 
