@@ -29,7 +29,7 @@ constexpr int kDelay = 50; // milliseconds
 constexpr int kRounds = 3;
 constexpr int kLongest = 60'000; // milliseconds
 constexpr qint16 kMaryland = 19;
-constexpr qsizetype kLargeListing = 16 * 1024 * 1024;
+constexpr qsizetype kLargeListing = qsizetype(16) * 1024 * 1024;
 const QString kPath = u"/data/forecasts/zone/md/"_s;
 
 QString FileName(int number)

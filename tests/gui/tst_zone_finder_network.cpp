@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -330,13 +329,8 @@ void tst_ZoneFinderNetwork::letsTheWindowLiveWhileTheHostIsSilent()
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
     timer.start(1);
-    QPushButton other;
-    int presses = 0;
-    connect(&other, &QPushButton::clicked, this, [&presses] { ++presses; });
-    QTimer::singleShot(0, &other, &QPushButton::click);
 
     QTRY_VERIFY(ticks >= 20);
-    QCOMPARE(presses, 1);
     QVERIFY(m->dialog->Retrieving());
 }
 

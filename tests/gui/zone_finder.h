@@ -13,6 +13,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <utility>
 
 /// The zone finder of an owner; time stands at noon of 16 November 2026, Maryland is chosen.
 class ZoneFinder
@@ -20,9 +21,9 @@ class ZoneFinder
 public:
     static constexpr qint16 kMaryland = 19; ///< Alphabetically behind Maine.
 
-    explicit ZoneFinder(HttpTransfers &http, const QString &host = "https://host")
+    explicit ZoneFinder(HttpTransfers &http, QString host = "https://host")
         : m_http(http)
-        , m_host(host)
+        , m_host(std::move(host))
     {}
 
     void Open(qint16 state = kMaryland)
