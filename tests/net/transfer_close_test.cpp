@@ -12,7 +12,7 @@ namespace {
 using Connection = LoopbackConnection;
 using Steady = std::chrono::steady_clock;
 
-constexpr auto kAtOnce = 250ms; // far below every time-out, far above what a busy machine needs
+constexpr auto kAtOnce = 2s; // below every time-out, far above what a busy machine needs
 constexpr auto kExit = 2s;
 
 long Entries(const char *folder)
