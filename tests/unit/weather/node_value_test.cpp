@@ -420,6 +420,11 @@ TEST(GetNodeValue, ResolvesTheClosingTagInTheCallersCopy)
     }
 }
 
+const QString kSearchingPrefix =
+    "nodePrefixLen length is > 0 so I will search for the specified prefix in the text";
+const QString kNoClose =
+    "...since nodeClosePos = 0, so I must not have found the close so the string is empty";
+
 TEST(GetNodeValue, TracesEachStep)
 {
     QString data = "x\tT at speed=12 END";
@@ -432,22 +437,20 @@ TEST(GetNodeValue, TracesEachStep)
             {.openTag = u"T", .closeTag = close, .prefix = u"at", .suffix = u"=", .factor = u"*2"}),
         "4");
 
-    EXPECT_EQ(trace.lines,
-              (QStringList{
-                  "Looking for O:T P:at C:END in x T at speed=12 END",
-                  "nodeOpenPos=3 nodeOpenLen=1",
-                  "text is now at speed=12 END",
-                  "nodePrefixLen=2",
-                  "nodePrefixLen length is > 0 so I will search for the specified prefix in the "
-                  "text",
-                  "nodePrefixPos=1",
-                  "nodePrefixPos is > 0 so I must have found the prefix in the string",
-                  "...so now the text is speed=12 END",
-                  "nodeClosePos=10",
-                  "...since nodeClosePos > 0 I must have found the close",
-                  "...so now the string is speed=12",
-                  "...found nodeSuffixPos, so string is now 2",
-              }));
+    EXPECT_EQ(trace.lines, (QStringList{
+                               "Looking for O:T P:at C:END in x T at speed=12 END",
+                               "nodeOpenPos=3 nodeOpenLen=1",
+                               "text is now at speed=12 END",
+                               "nodePrefixLen=2",
+                               kSearchingPrefix,
+                               "nodePrefixPos=1",
+                               "nodePrefixPos is > 0 so I must have found the prefix in the string",
+                               "...so now the text is speed=12 END",
+                               "nodeClosePos=10",
+                               "...since nodeClosePos > 0 I must have found the close",
+                               "...so now the string is speed=12",
+                               "...found nodeSuffixPos, so string is now 2",
+                           }));
 }
 
 TEST(GetNodeValue, TracesWhatIsMissing)
@@ -464,13 +467,11 @@ TEST(GetNodeValue, TracesWhatIsMissing)
                   "nodeOpenPos=0 nodeOpenLen=2",
                   "text is now bcdef",
                   "nodePrefixLen=2",
-                  "nodePrefixLen length is > 0 so I will search for the specified prefix in the "
-                  "text",
+                  kSearchingPrefix,
                   "nodePrefixPos=0",
                   "nodePrefixPos is = 0 so I must not have found the prefix in the string",
                   "nodeClosePos=0",
-                  "...since nodeClosePos = 0, so I must not have found the close so the string is "
-                  "empty",
+                  kNoClose,
               }));
 }
 
