@@ -1,13 +1,48 @@
 #include "core/text.h"
 
+#include <cstdint>
+
 using namespace Qt::StringLiterals;
+
+qsizetype IndexOf(QStringView text, QStringView needle, qsizetype from)
+{
+    constexpr qsizetype kBlock = 32;    // so many places are looked at in one go of vector steps
+    constexpr qsizetype kWithSigns = 4; // a needle that may have a sign at each end
+
+    const qsizetype places = text.size() - needle.size() + 1; // where the needle can begin
+    if (needle.size() < 2 || from + kBlock > places)
+        return text.indexOf(needle, from);
+
+    // Two characters of the needle are looked for. In the services' replies its ends are brackets
+    // and quotes, which are everywhere; their neighbours are seldom found together.
+    const qsizetype left = needle.size() < kWithSigns ? 0 : 1;
+    const qsizetype right = needle.size() - 1 - left;
+    const char16_t leftUnit = needle[left].unicode();
+    const char16_t rightUnit = needle[right].unicode();
+    const char16_t *const begin = text.utf16();
+    for (; from + kBlock <= places; from += kBlock) {
+        const char16_t *const lefts = begin + from + left;
+        const char16_t *const rights = begin + from + right;
+        const auto fits = [=](qsizetype i) {
+            return int(lefts[i] == leftUnit) & int(rights[i] == rightUnit);
+        };
+        std::uint16_t hits = 0;
+        for (qsizetype i = 0; i < kBlock; ++i)
+            hits = std::uint16_t(hits | fits(i));
+        for (qsizetype i = 0; hits != 0 && i < kBlock; ++i) {
+            if (fits(i) != 0 && text.sliced(from + i).startsWith(needle))
+                return from + i;
+        }
+    }
+    return text.indexOf(needle, from);
+}
 
 QString ReplaceAll(QStringView text, QStringView before, QStringView after)
 {
     QString replaced;
     replaced.reserve(text.size());
     qsizetype from = 0;
-    for (qsizetype at = text.indexOf(before); at >= 0; at = text.indexOf(before, from)) {
+    for (qsizetype at = IndexOf(text, before); at >= 0; at = IndexOf(text, before, from)) {
         replaced.append(text.sliced(from, at - from)).append(after);
         from = at + before.size();
     }

@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringView>
 
+/// Where `needle` stands first at or behind `from` (0 or more), -1 when nowhere; letters count as
+/// they are. The same as QStringView::indexOf(), several times as fast in texts of megabytes.
+[[nodiscard]] qsizetype IndexOf(QStringView text, QStringView needle, qsizetype from = 0);
+
 /// `text` with every `before` (not empty, exact, found from the front, none overlapping another)
 /// replaced by `after`. In one pass, however many there are.
 [[nodiscard]] QString ReplaceAll(QStringView text, QStringView before, QStringView after);

@@ -2,20 +2,15 @@
 
 #include "core/text.h"
 #include "core/trace.h"
+#include "store/replaced_file.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
-
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -24,36 +19,48 @@ namespace {
 /// A character that a value cannot hold as it is, and what stands for it in the file.
 struct Escape
 {
-    QLatin1StringView token;
-    QChar character;
+    QLatin1StringView token = {};
+    char character = 0;
 };
 
 // In the order of decoding.
-constexpr std::array kEscapes{Escape{"[SP]"_L1, u' '}, Escape{"[CR]"_L1, u'\r'},
-                              Escape{"[LF]"_L1, u'\n'}, Escape{"[TAB]"_L1, u'\t'}};
+constexpr std::array kEscapes{Escape{"[SP]"_L1, ' '}, Escape{"[CR]"_L1, '\r'},
+                              Escape{"[LF]"_L1, '\n'}, Escape{"[TAB]"_L1, '\t'}};
 
-/// Goes over the text once: a value may be as long as a whole reply, and the order of the escapes
-/// makes no difference here, because no token holds a character that another one stands for.
-QString WithTokens(QStringView text)
+constexpr qsizetype kLongestToken = 5;
+
+bool MayNeedToken(char c)
 {
-    QString encoded;
-    encoded.reserve(text.size() + text.size() / 2);
-    qsizetype plain = 0; // begin of what needs no token
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] > u' ')
-            continue;
-        const auto *const escape =
-            std::find_if(kEscapes.begin(), kEscapes.end(),
-                         [c = text[i]](const Escape &e) { return e.character == c; });
-        if (escape == kEscapes.end())
-            continue;
-        encoded.append(text.sliced(plain, i - plain)).append(escape->token);
-        plain = i + 1;
-    }
-    return encoded.append(text.sliced(plain));
+    return uchar(c) <= uchar(' ');
 }
 
-constexpr int kMaxLinks = 40; // as many as the system itself follows
+const Escape *EscapeOf(char c)
+{
+    const auto *const found = std::ranges::find(kEscapes, c, &Escape::character);
+    return found == kEscapes.end() ? nullptr : found;
+}
+
+/// Works on bytes, in which the escaped characters are themselves in every encoding: a value may be
+/// as long as a whole reply. The order of the escapes makes no difference here, because no token
+/// holds a character that another one stands for.
+QByteArray WithTokens(const QByteArray &value)
+{
+    const auto suspects = std::ranges::count_if(value, MayNeedToken);
+    if (suspects == 0)
+        return value;
+
+    QByteArray encoded(value.size() + suspects * kLongestToken, Qt::Uninitialized);
+    char *end = encoded.data();
+    for (const char c : value) {
+        const Escape *const escape = MayNeedToken(c) ? EscapeOf(c) : nullptr;
+        if (escape == nullptr)
+            *end++ = c;
+        else
+            end = std::copy(escape->token.begin(), escape->token.end(), end);
+    }
+    encoded.truncate(end - encoded.constData());
+    return encoded;
+}
 
 /// The bytes of the file; nothing when there is a file that cannot be read just now. What can stand
 /// in a path but is no plain file reads as missing: a pipe would hold up the program.
@@ -66,39 +73,6 @@ std::optional<QByteArray> FileBytes(const QString &path)
         return std::nullopt;
     const QByteArray bytes = file.readAll();
     return file.error() == QFile::NoError ? std::optional(bytes) : std::nullopt;
-}
-
-/// The file that `path` finally names, so that replacing it leaves symbolic links as they are.
-/// Nothing when the links run in a circle.
-std::optional<QString> LinkTarget(QString path)
-{
-    for (int i = 0; i < kMaxLinks; ++i) {
-        const QFileInfo info(path);
-        if (!info.isSymLink())
-            return path;
-        path = info.symLinkTarget();
-    }
-    return std::nullopt;
-}
-
-/// Gives the open `file` the owner and the group of the file that it is to replace, as far as the
-/// system lets this user do so.
-void KeepOwner(const QSaveFile &file, const QString &path)
-{
-#ifdef Q_OS_UNIX
-    struct stat old = {};
-    if (::stat(QFile::encodeName(path).constData(), &old) != 0)
-        return;
-    if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0
-        && ::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid) != 0)
-        Trace(u"Owner and group are not kept: ", path);
-    // Changing the owner may take bits of the mode away, so the mode comes last.
-    if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
-        Trace(u"Mode is not kept: ", path);
-#else
-    Q_UNUSED(file)
-    Q_UNUSED(path)
-#endif
 }
 
 } // namespace
@@ -116,21 +90,10 @@ bool IniFile::Commit() const
         Trace(u"Unable to write ", m_path.path, u": it could not be read before");
         return false;
     }
-    const auto path = LinkTarget(m_path.path);
-    if (!path) {
-        Trace(u"Unable to write ", m_path.path, u": symbolic links run in a circle");
-        return false;
-    }
-    const QByteArray bytes = m_profile.Bytes();
-    QSaveFile file(*path);
-    file.setDirectWriteFallback(false);
-    if (file.open(QIODevice::WriteOnly)) {
-        KeepOwner(file, *path);
-        if (file.write(bytes) == bytes.size() && file.commit())
-            return true;
-    }
-    Trace(u"Unable to write ", m_path.path, u": ", file.errorString());
-    return false;
+    const QString problem = ReplaceFile(m_path.path, m_profile.Pieces());
+    if (!problem.isEmpty())
+        Trace(u"Unable to write ", m_path.path, u": ", problem);
+    return problem.isEmpty();
 }
 
 QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
@@ -139,13 +102,17 @@ QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
     const QString stored = file.Profile().Value(section, key, fallback);
     QString value = TrimSpaces(stored).toString();
     for (const Escape &escape : kEscapes)
-        value.replace(escape.token, QString(escape.character));
+        value.replace(escape.token, QString(QLatin1Char(escape.character)));
     return value;
 }
 
 void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
                    bool encode)
 {
-    const QString text = encode ? WithTokens(value) : value.toString();
-    file.Profile().SetValue(section, key, TrimSpaces(text));
+    // With tokens there is no space left that could be taken away.
+    PrivateProfile &profile = file.Profile();
+    if (encode)
+        profile.SetEncodedValue(section, key, WithTokens(profile.Encoded(value)));
+    else
+        profile.SetValue(section, key, TrimSpaces(value));
 }

@@ -2,12 +2,14 @@
 
 #include "core/text.h"
 #include "core/windows1252.h"
+#include "store/utf16_units.h"
 
 #include <QStringDecoder>
 #include <QStringEncoder>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -15,28 +17,39 @@ namespace {
 
 constexpr QByteArrayView kUtf8Mark = "\xEF\xBB\xBF";
 constexpr QByteArrayView kUtf16Mark = "\xFF\xFE";
-constexpr auto kLineEnd = "\r\n"_L1;
+constexpr QByteArrayView kLineEnd = "\r\n";
 constexpr qsizetype kLongestValue = 4095; // a reader's buffer of 4096 less its closing NUL
 
-bool IsLineEnd(QChar c)
+bool IsLineEnd(char c)
 {
-    return c == u'\r' || c == u'\n';
+    return c == '\r' || c == '\n';
 }
 
 /// What is ignored at both ends of lines and names. The byte 0xA0 is an ordinary character.
-bool IsBlank(QChar c)
+bool IsBlank(char c)
 {
-    return c == u' ' || c == u'\t' || c == u'\v' || c == u'\f';
+    return c == ' ' || c == '\t' || c == '\v' || c == '\f';
 }
 
-bool IsQuote(QChar c)
+bool IsQuote(char c)
 {
-    return c == u'"' || c == u'\'';
+    return c == '"' || c == '\'';
+}
+
+bool IsAscii(QByteArrayView bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
 }
 
 bool IsAscii(QStringView text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(0x80); });
+}
+
+QByteArrayView UpToNul(QByteArrayView bytes)
+{
+    const qsizetype nul = bytes.indexOf('\0');
+    return nul < 0 ? bytes : bytes.first(nul);
 }
 
 QStringView UpToNul(QStringView text)
@@ -45,40 +58,41 @@ QStringView UpToNul(QStringView text)
     return nul < 0 ? text : text.first(nul);
 }
 
-QStringView TrimBlanks(QStringView text)
+QByteArrayView TrimBlanks(QByteArrayView bytes)
 {
-    while (!text.isEmpty() && IsBlank(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && IsBlank(text.back()))
-        text.chop(1);
-    return text;
+    while (!bytes.isEmpty() && IsBlank(bytes.front()))
+        bytes = bytes.sliced(1);
+    while (!bytes.isEmpty() && IsBlank(bytes.back()))
+        bytes.chop(1);
+    return bytes;
 }
 
-/// Takes a text apart into lines with their line ends.
-QStringList SplitLines(QStringView text)
+/// Takes bytes apart into lines with their line ends. The lines are parts of `bytes`, which has to
+/// outlive them.
+QByteArrayList SplitLines(QByteArrayView bytes)
 {
-    const auto next = [text](QChar c, qsizetype from) {
-        const qsizetype found = text.indexOf(c, from);
-        return found < 0 ? text.size() : found;
+    const auto next = [bytes](char c, qsizetype from) {
+        const qsizetype found = bytes.indexOf(c, from);
+        return found < 0 ? bytes.size() : found;
     };
-    QStringList lines;
-    qsizetype carriageReturn = next(u'\r', 0);
-    qsizetype lineFeed = next(u'\n', 0);
-    for (qsizetype begin = 0; begin < text.size();) {
+    QByteArrayList lines;
+    qsizetype carriageReturn = next('\r', 0);
+    qsizetype lineFeed = next('\n', 0);
+    for (qsizetype begin = 0; begin < bytes.size();) {
         if (carriageReturn < begin)
-            carriageReturn = next(u'\r', begin);
+            carriageReturn = next('\r', begin);
         if (lineFeed < begin)
-            lineFeed = next(u'\n', begin);
+            lineFeed = next('\n', begin);
         const qsizetype last =
             lineFeed == carriageReturn + 1 ? lineFeed : std::min(carriageReturn, lineFeed);
-        const qsizetype end = std::min(last + 1, text.size());
-        lines.append(text.sliced(begin, end - begin).toString());
+        const qsizetype end = std::min(last + 1, bytes.size());
+        lines.append(QByteArray::fromRawData(bytes.data() + begin, end - begin));
         begin = end;
     }
     return lines;
 }
 
-QStringView WithoutLineEnd(QStringView line)
+QByteArrayView WithoutLineEnd(QByteArrayView line)
 {
     while (!line.isEmpty() && IsLineEnd(line.back()))
         line.chop(1);
@@ -86,32 +100,41 @@ QStringView WithoutLineEnd(QStringView line)
 }
 
 /// The section name in a line that begins with "[".
-QStringView HeaderName(QStringView line)
+QByteArrayView HeaderName(QByteArrayView line)
 {
-    const qsizetype close = line.indexOf(u']');
+    const qsizetype close = line.indexOf(']');
     return TrimBlanks(close < 0 ? line.sliced(1) : line.sliced(1, close - 1));
 }
 
 /// A line that is a key line: what stands on both sides of the "=".
 struct KeyText
 {
-    QStringView name = {};
-    QStringView value = {}; ///< Without blanks at the ends, quotes included.
+    QByteArrayView name = {};
+    QByteArrayView value = {}; ///< Without blanks at the ends, quotes included.
 };
 
 /// `line` is neither empty nor a comment nor a header, and has no blanks at the ends.
-std::optional<KeyText> KeyTextOf(QStringView line)
+std::optional<KeyText> KeyTextOf(QByteArrayView line)
 {
-    const qsizetype equals = line.indexOf(u'=');
+    const qsizetype equals = line.indexOf('=');
     if (equals < 0)
         return std::nullopt;
     return KeyText{TrimBlanks(line.first(equals)), TrimBlanks(line.sliced(equals + 1))};
 }
 
 /// The same for a line that is known to be a key line.
-KeyText KnownKeyText(QStringView line)
+KeyText KnownKeyText(QByteArrayView line)
 {
     return KeyTextOf(TrimBlanks(WithoutLineEnd(line))).value_or(KeyText());
+}
+
+/// A line that ends.
+QByteArray KeyLine(QByteArrayView name, QByteArrayView value)
+{
+    QByteArray line;
+    line.reserve(name.size() + 1 + value.size() + kLineEnd.size());
+    line.append(name).append('=').append(value).append(kLineEnd);
+    return line;
 }
 
 /// The first 4095 characters; a surrogate pair is not cut in two.
@@ -124,10 +147,11 @@ QStringView UpToLongest(QStringView text)
     return text.first(splits ? kLongestValue - 1 : kLongestValue);
 }
 
-QStringView WithoutQuotePair(QStringView text)
+QByteArrayView WithoutQuotePair(QByteArrayView bytes)
 {
-    const bool quoted = text.size() >= 2 && IsQuote(text.front()) && text.front() == text.back();
-    return quoted ? text.sliced(1, text.size() - 2) : text;
+    const bool quoted =
+        bytes.size() >= 2 && IsQuote(bytes.front()) && bytes.front() == bytes.back();
+    return quoted ? bytes.sliced(1, bytes.size() - 2) : bytes;
 }
 
 /// Letter by letter, so that no letter becomes two and different names stay different.
@@ -138,59 +162,36 @@ QString FoldCase(QString text)
     return text;
 }
 
-QString FromUtf8(QStringView units)
+QString FromUtf8(QByteArrayView bytes)
 {
     // A mark inside the file is a character like any other, hence the flag.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    return decoder(units.toLatin1());
-}
-
-/// One unit for each byte; half a surrogate pair, which has no UTF-8 form, becomes "?".
-QString ToUtf8(QStringView text)
-{
-    return QString::fromLatin1(text.toUtf8());
-}
-
-QString FromUtf16Le(QByteArrayView bytes)
-{
-    QString text(bytes.size() / 2, Qt::Uninitialized);
-    for (qsizetype i = 0; i < text.size(); ++i)
-        text[i] = QChar(uchar(bytes[2 * i]), uchar(bytes[2 * i + 1]));
-    return text;
-}
-
-QByteArray ToUtf16Le(QStringView text)
-{
-    QByteArray bytes;
-    bytes.reserve(text.size() * 2);
-    for (const QChar c : text) {
-        bytes.append(char(c.cell()));
-        bytes.append(char(c.row()));
-    }
-    return bytes;
+    return decoder(bytes);
 }
 
 } // namespace
 
-PrivateProfile::PrivateProfile(const QByteArray &bytes, CodePage codePage) : m_codePage(codePage)
+PrivateProfile::PrivateProfile(QByteArray bytes, CodePage codePage)
+    : m_codePage(codePage)
+    , m_image(std::move(bytes))
 {
-    QByteArrayView rest(bytes);
+    QByteArrayView rest(m_image);
     if (rest.startsWith(kUtf16Mark)) {
         m_encoding = Encoding::Utf16Le;
         m_mark = kUtf16Mark.toByteArray();
         rest = rest.sliced(m_mark.size());
         m_stray = rest.last(rest.size() % 2).toByteArray();
-        m_lines = SplitLines(FromUtf16Le(rest));
+        m_image = UnitsFromUtf16Le(rest);
+        rest = m_image;
     } else if (codePage == CodePage::Windows1252) {
         m_encoding = Encoding::Windows1252;
-        m_lines = SplitLines(QString::fromLatin1(rest));
     } else {
         if (rest.startsWith(kUtf8Mark))
             m_mark = kUtf8Mark.toByteArray();
         rest = rest.sliced(m_mark.size());
         m_encoding = rest.isValidUtf8() ? Encoding::Utf8 : Encoding::Windows1252;
-        m_lines = SplitLines(QString::fromLatin1(rest));
     }
+    m_lines = SplitLines(rest);
     Index();
 }
 
@@ -198,7 +199,7 @@ QString PrivateProfile::Value(QStringView section, QStringView key, QStringView 
 {
     const qsizetype line = FindLine(section, key);
     if (line >= 0) {
-        const QStringView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
+        const QByteArrayView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
         return UpToLongest(Decoded(WithoutQuotePair(stored))).toString();
     }
     fallback = UpToNul(fallback);
@@ -209,34 +210,45 @@ QString PrivateProfile::Value(QStringView section, QStringView key, QStringView 
 
 void PrivateProfile::SetValue(QStringView section, QStringView key, QStringView value)
 {
-    const QString newValue = Encoded(UpToNul(value));
+    SetEncodedValue(section, key, Encoded(value));
+}
+
+void PrivateProfile::SetEncodedValue(QStringView section, QStringView key, QByteArrayView value)
+{
     const qsizetype line = FindLine(section, key);
     if (line >= 0) {
         const KeyText present = KnownKeyText(m_lines[line]);
-        if (TrimBlanks(UpToNul(present.value)) == newValue)
+        if (TrimBlanks(UpToNul(present.value)) == value)
             return;
-        const QString text = present.name.toString() + u'=' + newValue + kLineEnd;
+        const QByteArray text = KeyLine(present.name, value);
         m_lines.removeAt(line);
         InsertLines(line, text);
         return;
     }
 
-    const QString text = Encoded(TrimSpaces(UpToNul(key))) + u'=' + newValue + kLineEnd;
+    const QByteArray text = KeyLine(Encoded(TrimSpaces(UpToNul(key))), value);
     const auto found = m_sections.constFind(AskedName(section));
     if (found != m_sections.constEnd()) {
         InsertLines(found->newKeyAt, text);
         return;
     }
-    const QString header = u'[' + Encoded(TrimSpaces(UpToNul(section))) + u']' + kLineEnd;
-    InsertLines(m_lines.size(), header + text);
+    const QByteArray header = '[' + Encoded(TrimSpaces(UpToNul(section))) + ']';
+    InsertLines(m_lines.size(), header + kLineEnd.toByteArray() + text);
 }
 
-QByteArray PrivateProfile::Bytes() const
+QByteArrayList PrivateProfile::Pieces() const
 {
-    QByteArray bytes = m_mark;
-    for (const QString &line : m_lines)
-        bytes += m_encoding == Encoding::Utf16Le ? ToUtf16Le(line) : line.toLatin1();
-    return bytes + m_stray;
+    QByteArrayList pieces;
+    pieces.reserve(m_lines.size() + 2);
+    pieces.append(m_mark);
+    if (m_encoding == Encoding::Utf16Le) {
+        for (const QByteArray &line : m_lines)
+            pieces.append(UnitsToUtf16Le(line));
+    } else {
+        pieces.append(m_lines);
+    }
+    pieces.append(m_stray);
+    return pieces;
 }
 
 /// Notes the sections and keys that count. It looks at the beginning and end of each line only, so
@@ -247,10 +259,10 @@ void PrivateProfile::Index()
     Section ignored; // takes the keys ahead of the first header, and those of repeated sections
     Section *current = &ignored;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
-        const QStringView text = TrimBlanks(WithoutLineEnd(m_lines[i]));
-        if (text.isEmpty() || text.front() == u';')
+        const QByteArrayView text = TrimBlanks(WithoutLineEnd(m_lines[i]));
+        if (text.isEmpty() || text.front() == ';')
             continue;
-        if (text.front() == u'[') {
+        if (text.front() == '[') {
             const QString name = LookupName(HeaderName(text));
             current = m_sections.contains(name) ? &ignored : &m_sections[name];
             current->newKeyAt = i + 1;
@@ -271,43 +283,46 @@ qsizetype PrivateProfile::FindLine(QStringView section, QStringView key) const
 }
 
 /// Puts whole lines ahead of the line `at`, and ends the line in front of them if it is open.
-void PrivateProfile::InsertLines(qsizetype at, QStringView text)
+void PrivateProfile::InsertLines(qsizetype at, const QByteArray &text)
 {
     // A file that holds nothing but a mark has a first line without an end, too.
     if (at > 0 && !IsLineEnd(m_lines[at - 1].back()))
         m_lines[at - 1] += kLineEnd;
     else if (at == 0 && !m_mark.isEmpty())
-        m_lines.insert(at++, kLineEnd);
+        m_lines.insert(at++, kLineEnd.toByteArray());
 
-    for (const QString &line : SplitLines(text))
-        m_lines.insert(at++, line);
+    // One line keeps the memory it has, which may be megabytes.
+    const QByteArrayList lines = SplitLines(text);
+    for (const QByteArray &line : lines)
+        m_lines.insert(at++, lines.size() == 1 ? text : QByteArray(line.data(), line.size()));
     Index();
 }
 
-QString PrivateProfile::Decoded(QStringView units) const
+QString PrivateProfile::Decoded(QByteArrayView stored) const
 {
     switch (m_encoding) {
     case Encoding::Utf8:
-        return FromUtf8(units);
+        return FromUtf8(stored);
     case Encoding::Windows1252:
-        return FromWindows1252(units.toLatin1());
+        return FromWindows1252(stored);
     case Encoding::Utf16Le:
         break;
     }
-    return InCodePage(units);
+    return InCodePage(FromUnits(stored));
 }
 
-QString PrivateProfile::Encoded(QStringView text) const
+QByteArray PrivateProfile::Encoded(QStringView text) const
 {
+    text = UpToNul(text);
     switch (m_encoding) {
     case Encoding::Utf8:
-        return ToUtf8(text);
+        return text.toUtf8(); // half a surrogate pair, which has no UTF-8 form, becomes "?"
     case Encoding::Windows1252:
-        return QString::fromLatin1(ToWindows1252(text));
+        return ToWindows1252(text);
     case Encoding::Utf16Le:
         break;
     }
-    return InCodePage(text);
+    return ToUnits(InCodePage(text));
 }
 
 /// A UTF-16 file can hold every character, but only those of the code page pass in and out.
@@ -318,9 +333,9 @@ QString PrivateProfile::InCodePage(QStringView text) const
 }
 
 /// The form in which the name that stands in the file is looked up.
-QString PrivateProfile::LookupName(QStringView stored) const
+QString PrivateProfile::LookupName(QByteArrayView stored) const
 {
-    return FoldCase(IsAscii(stored) ? stored.toString() : Decoded(stored));
+    return FoldCase(IsAscii(stored) ? QString::fromLatin1(stored) : Decoded(stored));
 }
 
 /// The form in which the name that a caller gives is looked up: as it would stand in the file.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QHash>
 #include <QString>
-#include <QStringList>
 #include <QStringView>
 
 /// How the bytes of the program's INI files stand for characters.
@@ -23,7 +23,7 @@ class PrivateProfile
 {
 public:
     PrivateProfile() : PrivateProfile(QByteArray(), CodePage::Utf8) {}
-    PrivateProfile(const QByteArray &bytes, CodePage codePage);
+    PrivateProfile(QByteArray bytes, CodePage codePage);
 
     /// The value of `key` in `section`, cut to 4095 characters.
     /// @return `fallback` without its trailing spaces, cut likewise, when there is no such key.
@@ -35,8 +35,17 @@ public:
     /// "?".
     void SetValue(QStringView section, QStringView key, QStringView value);
 
-    /// The file's bytes as they are to be stored.
-    [[nodiscard]] QByteArray Bytes() const;
+    /// The form in which `text` (up to its first NUL) stands in a line; for SetEncodedValue().
+    [[nodiscard]] QByteArray Encoded(QStringView text) const;
+
+    /// As SetValue(), for a value that Encoded() has made; what it has in ASCII may be changed.
+    void SetEncodedValue(QStringView section, QStringView key, QByteArrayView value);
+
+    /// The file's bytes as they are to be stored, in pieces that share their memory with the image.
+    [[nodiscard]] QByteArrayList Pieces() const;
+
+    /// The same in one.
+    [[nodiscard]] QByteArray Bytes() const { return Pieces().join(); }
 
 private:
     enum class Encoding
@@ -55,22 +64,22 @@ private:
 
     void Index();
     [[nodiscard]] qsizetype FindLine(QStringView section, QStringView key) const;
-    void InsertLines(qsizetype at, QStringView text);
+    void InsertLines(qsizetype at, const QByteArray &text);
 
-    [[nodiscard]] QString Decoded(QStringView units) const;
-    [[nodiscard]] QString Encoded(QStringView text) const;
+    [[nodiscard]] QString Decoded(QByteArrayView stored) const;
     [[nodiscard]] QString InCodePage(QStringView text) const;
-    [[nodiscard]] QString LookupName(QStringView stored) const;
+    [[nodiscard]] QString LookupName(QByteArrayView stored) const;
     [[nodiscard]] QString AskedName(QStringView given) const;
 
     CodePage m_codePage;
     Encoding m_encoding = Encoding::Utf8;
-    QByteArray m_mark = {}; ///< Byte order mark, kept in front of everything.
-    /// The lines with their line ends, in the file's own units: one per byte, or one per 16-bit
-    /// character of a UTF-16 file. Line ends, blanks, "=" and brackets are single units in all
-    /// encodings, so the rules of the format work on units, and only the names and values that are
-    /// asked for are decoded.
-    QStringList m_lines = {};
+    QByteArray m_mark = {};  ///< Byte order mark, kept in front of everything.
+    QByteArray m_image = {}; ///< What was read. Lines that are as they were are parts of it.
+    /// The lines with their line ends, in the file's own bytes; those of a UTF-16 file with one to
+    /// three bytes for each unit, so that ASCII is itself everywhere. Line ends, blanks, "=" and
+    /// brackets are single bytes then, the rules of the format work on bytes, and only the names
+    /// and values that are asked for are decoded.
+    QByteArrayList m_lines = {};
     QByteArray m_stray = {}; ///< The last byte of a UTF-16 file of odd length, kept at the end.
     QHash<QString, Section> m_sections = {}; ///< By name in folded case, as the keys in them.
 };

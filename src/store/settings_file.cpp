@@ -46,14 +46,39 @@ bool TakeFirstRun(IniFile &file)
     return true;
 }
 
-void LoadCurrentProfile(const IniFile &file, LoadedSettings &loaded)
+QString BoxText(bool checked)
 {
-    const QString text = Read(file, u"CurrentProfile", u"0");
-    const auto number = WholeTextNumber(text);
+    return (checked ? kTrue : kFalse).toString();
+}
+
+/// Reads all settings but FirstRun; what the file lacks stays as it is.
+/// @return the text of CurrentProfile when it is no number.
+std::optional<QString> ReadAll(const IniFile &file, Settings &settings)
+{
+    settings.MinimizeOnStartupEnabled =
+        Read(file, u"MinimizeOnStartup", BoxText(settings.MinimizeOnStartupEnabled)) == kTrue;
+    for (std::size_t i = 0; i < settings.location.size(); ++i) {
+        for (std::size_t n = 0; n < settings.location[i].size(); ++n) {
+            QString &location = settings.location[i][n];
+            location = ReadIniValue(file, ProfileSection(i), LocationKey(n), location);
+        }
+    }
+    settings.ForecastZone = Read(file, u"ForecastZone", settings.ForecastZone);
+    settings.ForecastState = Read(file, u"ForecastState", settings.ForecastState);
+    // Unlike the flag above, a box is on for every text but this one.
+    for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n) {
+        bool &checked = settings.ForecastSched[n];
+        checked = Read(file, ScheduleKey(n), BoxText(checked)) != kFalse;
+    }
+    settings.HTTPPort = Read(file, u"HTTPPort", settings.HTTPPort);
+
+    const QString profile =
+        Read(file, u"CurrentProfile", QString::number(settings.currentWeatherProfile));
+    const auto number = WholeTextNumber(profile);
     if (!number)
-        loaded.badCurrentProfile = text;
-    else
-        loaded.settings.currentWeatherProfile = ToInt16(*number).value_or(0);
+        return profile;
+    settings.currentWeatherProfile = ToInt16(*number).value_or(0);
+    return std::nullopt;
 }
 
 } // namespace
@@ -61,26 +86,18 @@ void LoadCurrentProfile(const IniFile &file, LoadedSettings &loaded)
 LoadedSettings LoadSettings(const IniPath &path)
 {
     LoadedSettings loaded;
-    Settings &settings = loaded.settings;
     IniFile file(path);
-
-    settings.IsFirstRun = TakeFirstRun(file);
-    settings.MinimizeOnStartupEnabled = Read(file, u"MinimizeOnStartup", kTrue) == kTrue;
-    for (std::size_t i = 0; i < settings.location.size(); ++i) {
-        for (std::size_t n = 0; n < settings.location[i].size(); ++n)
-            settings.location[i][n] = ReadIniValue(file, ProfileSection(i), LocationKey(n));
-    }
-    LoadCurrentProfile(file, loaded);
-    settings.ForecastZone = Read(file, u"ForecastZone", {});
-    settings.ForecastState = Read(file, u"ForecastState", {});
-    // Unlike the flag above, a box is on for every text but this one.
-    for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n)
-        settings.ForecastSched[n] = Read(file, ScheduleKey(n), kTrue) != kFalse;
-    settings.HTTPPort = Read(file, u"HTTPPort", u"80");
+    loaded.settings.IsFirstRun = TakeFirstRun(file);
+    loaded.badCurrentProfile = ReadAll(file, loaded.settings);
     return loaded;
 }
 
-void SaveSettings(const IniPath &path, const Settings &settings)
+void TakeSettings(Settings &settings, const IniPath &path)
+{
+    ReadAll(IniFile(path), settings);
+}
+
+bool SaveSettings(const IniPath &path, const Settings &settings)
 {
     IniFile file(path);
 
@@ -91,10 +108,10 @@ void SaveSettings(const IniPath &path, const Settings &settings)
     Write(file, u"ForecastZone", settings.ForecastZone);
     Write(file, u"ForecastState", settings.ForecastState);
     for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n)
-        Write(file, ScheduleKey(n), settings.ForecastSched[n] ? kTrue : kFalse);
+        Write(file, ScheduleKey(n), BoxText(settings.ForecastSched[n]));
     Write(file, u"CurrentProfile", QString::number(settings.currentWeatherProfile));
-    Write(file, u"MinimizeOnStartup", settings.MinimizeOnStartupEnabled ? kTrue : kFalse);
+    Write(file, u"MinimizeOnStartup", BoxText(settings.MinimizeOnStartupEnabled));
     Write(file, u"HTTPPort", settings.HTTPPort);
 
-    file.Commit();
+    return file.Commit();
 }

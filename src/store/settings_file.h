@@ -18,7 +18,9 @@ struct Settings
     QString ForecastZone = {};
     QString ForecastState = {};
     std::array<bool, 4> ForecastSched = {true, true, true, true}; ///< 12 AM, 6 AM, 12 PM, 6 PM.
-    QString HTTPPort = {};
+    QString HTTPPort = QStringLiteral("80");
+
+    bool operator==(const Settings &) const = default;
 };
 
 /// The settings as loaded, and what was wrong with them.
@@ -33,5 +35,11 @@ struct LoadedSettings
 /// else is written. A number that no profile index can be (beyond 16 bits) is loaded as 0.
 [[nodiscard]] LoadedSettings LoadSettings(const IniPath &path);
 
+/// Takes over what a file of the same form holds. What it lacks stays as it is, and so does the
+/// current profile when its text is no number.
+void TakeSettings(Settings &settings, const IniPath &path);
+
 /// Writes all settings but FirstRun in one go.
-void SaveSettings(const IniPath &path, const Settings &settings);
+/// @return false when the file could not be stored.
+// The end of the program goes on either way, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
+bool SaveSettings(const IniPath &path, const Settings &settings);

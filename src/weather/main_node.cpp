@@ -1,5 +1,7 @@
 #include "weather/main_node.h"
 
+#include "core/text.h"
+
 QString WorkingText(const QString &reply)
 {
     QString text(reply.size(), Qt::Uninitialized);
@@ -13,10 +15,10 @@ MainNode CutToMainNode(QString &text, const WeatherProfile &profile)
 {
     if (profile.mainNodeOpen.isEmpty() || profile.mainNodeClose.isEmpty())
         return MainNode::Found;
-    const qsizetype open = text.indexOf(profile.mainNodeOpen);
+    const qsizetype open = IndexOf(text, profile.mainNodeOpen);
     if (open < 0)
         return MainNode::NoOpening;
-    const qsizetype close = text.indexOf(profile.mainNodeClose, open);
+    const qsizetype close = IndexOf(text, profile.mainNodeClose, open);
     if (close < 0)
         return MainNode::NoClosing;
 

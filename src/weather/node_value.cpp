@@ -31,7 +31,7 @@ void ResolveLineEnd(QString &closeTag)
 /// the cut cannot be made and nothing is there.
 QStringView AfterOpening(QStringView data, QStringView openTag)
 {
-    const qsizetype open = data.indexOf(openTag);
+    const qsizetype open = IndexOf(data, openTag);
     Trace(u"nodeOpenPos=", open + 1, u" nodeOpenLen=", openTag.size());
     const qsizetype behind = open + openTag.size();
     const QStringView text =
@@ -48,7 +48,7 @@ QStringView AfterPrefix(QStringView text, QStringView prefix)
         return text;
 
     Trace(u"nodePrefixLen length is > 0 so I will search for the specified prefix in the text");
-    const qsizetype at = text.indexOf(prefix);
+    const qsizetype at = IndexOf(text, prefix);
     Trace(u"nodePrefixPos=", at + 1);
     if (at < 0) {
         Trace(u"nodePrefixPos is = 0 so I must not have found the prefix in the string");
@@ -138,7 +138,7 @@ struct Extract
 
 Extract UpToClosing(QStringView text, const NodeQuery &query)
 {
-    const qsizetype close = text.indexOf(query.closeTag);
+    const qsizetype close = IndexOf(text, query.closeTag);
     Trace(u"nodeClosePos=", close + 1);
     if (close < 0) {
         // The line says otherwise, but what follows the opening tag stays as it is.
@@ -191,16 +191,16 @@ NodePlace FindNode(QStringView data, const NodeQuery &query)
     NodePlace place;
     if (query.openTag.isEmpty())
         return place;
-    place.open = data.indexOf(query.openTag);
+    place.open = IndexOf(data, query.openTag);
     if (place.open < 0)
         return place;
 
     ResolveLineEnd(query.closeTag);
     const QStringView behindTag = TrimSpaces(data.sliced(place.open + query.openTag.size()));
-    const qsizetype prefix = query.prefix.isEmpty() ? -1 : behindTag.indexOf(query.prefix);
+    const qsizetype prefix = query.prefix.isEmpty() ? -1 : IndexOf(behindTag, query.prefix);
     const QStringView text =
         prefix < 0 ? behindTag : TrimSpaces(behindTag.sliced(prefix + query.prefix.size()));
-    const qsizetype close = text.indexOf(query.closeTag);
+    const qsizetype close = IndexOf(text, query.closeTag);
     if (close < 0)
         return place;
     place.close = text.data() - data.data() + close;

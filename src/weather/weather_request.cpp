@@ -23,8 +23,9 @@ QString RequestAddress(const WeatherProfile &profile, const QString &port)
 
 bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
                            TransferHandle &WeatherThreadHandle, HttpTransfers &http,
-                           StatusLine &status)
+                           StatusLine &status, const std::function<void()> &startIconAnimation)
 {
+    startIconAnimation();
     if (profile == nullptr || profile->baseURL.isEmpty())
         return false;
 

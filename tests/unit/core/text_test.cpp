@@ -5,6 +5,53 @@
 
 namespace {
 
+/// A text of `size` dots with `needle` at `at`.
+QString WithNeedle(qsizetype size, qsizetype at, QStringView needle)
+{
+    return QString(size, u'.').replace(at, needle.size(), needle.toString());
+}
+
+TEST(IndexOf, FindsEveryPlaceInTextsOfEveryLength)
+{
+    for (const QStringView needle :
+         {QStringView(u"<"), QStringView(u"<a"), QStringView(u"<a>"), QStringView(u"<tag>"),
+          QStringView(u"<a tag that is longer than what is looked at in one go>")}) {
+        for (const qsizetype size : {needle.size(), qsizetype(70), qsizetype(200)}) {
+            for (qsizetype at = 0; at + needle.size() <= size; ++at) {
+                const QString text = WithNeedle(size, at, needle);
+                ASSERT_EQ(IndexOf(text, needle), at) << size;
+                ASSERT_EQ(IndexOf(text, needle, at), at) << size;
+                ASSERT_EQ(IndexOf(text, needle, at + 1), -1) << size;
+            }
+        }
+    }
+}
+
+TEST(IndexOf, TakesTheFirstOfSeveral)
+{
+    const QString text = WithNeedle(200, 150, u"<tag>").replace(40, 5, QString("<tag>"));
+    EXPECT_EQ(IndexOf(text, u"<tag>"), 40);
+    EXPECT_EQ(IndexOf(text, u"<tag>", 41), 150);
+}
+
+TEST(IndexOf, IsNotDeceivedByItsMarks)
+{
+    // The second and the last character but one of the needle, with others between and around them.
+    const QString text = QString(100, u'x') + QString("<taggt <t-g> tag> tg <TAG> <ta g>");
+    EXPECT_EQ(IndexOf(text, u"<tag>"), -1);
+    EXPECT_EQ(IndexOf(text + QString("<tag>"), u"<tag>"), text.size());
+}
+
+TEST(IndexOf, HasAnAnswerAtTheEnds)
+{
+    EXPECT_EQ(IndexOf({}, u"a"), -1);
+    EXPECT_EQ(IndexOf(u"abc", {}), 0);
+    EXPECT_EQ(IndexOf(u"abc", {}, 3), 3);
+    EXPECT_EQ(IndexOf(u"abc", u"abcd"), -1);
+    EXPECT_EQ(IndexOf(u"abc", u"c", 9), -1);
+    EXPECT_EQ(IndexOf(QString(100, u'a'), u"aa", 99), -1);
+}
+
 TEST(TrimSpaces, RemovesSpacesAtTheEndsOnly)
 {
     EXPECT_EQ(TrimSpaces(u"  a b  "), u"a b");

@@ -188,6 +188,20 @@ TEST_P(ProfileUtf16, StrayLastByteIsKept)
     EXPECT_EQ(profile.Bytes(), Utf16(u"[S]\nk=2\r\n") + "x");
 }
 
+TEST_P(ProfileUtf16, EveryUnitComesOutAsItWentIn)
+{
+    QString comment; // halves of surrogate pairs among them, alone and the wrong way round
+    for (const char16_t first : {u'\x7F', u'\x80', u'\x7FF', u'\x800', u'\xD800', u'\xDFFF',
+                                 u'\xFEFF', u'\xFFFF', u'\xDC00', u'\xD800', u'\xDC00'})
+        comment += QChar(first);
+    const QString text = "; " + comment + "\n[S]\nk=" + comment + "\n";
+    PrivateProfile profile(Utf16(text), GetParam());
+
+    EXPECT_EQ(profile.Bytes(), Utf16(text));
+    profile.SetValue(u"S", u"z", u"1");
+    EXPECT_EQ(profile.Bytes(), Utf16(QString(text + "z=1\r\n")));
+}
+
 TEST_P(ProfileUtf16, CharacterWithALineEndByteIsNoLineEnd)
 {
     const PrivateProfile profile(Utf16(u"[S]\na=\u0A0D\u0D0A\nk=v\n"), GetParam());

@@ -1,0 +1,149 @@
+#include "store/replaced_file.h"
+#include "support/qt_printers.h"
+#include "support/recorded_trace.h"
+#include "support/test_files.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <cerrno>
+#include <csignal>
+
+namespace {
+
+/// While it lives no file can grow beyond `bytes`, as on a disk that is full.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_before = {};
+    void (*m_handler)(int) = nullptr;
+};
+
+class ReplacedFile : public testing::Test
+{
+protected:
+    [[nodiscard]] QString Path() const { return folder.Path("Weather.ini"); }
+
+    [[nodiscard]] QStringList Files() const
+    {
+        return QDir(folder.Path({}))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    TestFolder folder;
+};
+
+TEST_F(ReplacedFile, HasAllPieces)
+{
+    EXPECT_EQ(ReplaceFile(Path(), {"one\n", "", "two\n"}), "");
+    EXPECT_EQ(folder.Bytes("Weather.ini"), "one\ntwo\n");
+    EXPECT_EQ(ReplaceFile(Path(), {}), "");
+    EXPECT_EQ(folder.Bytes("Weather.ini"), "");
+    EXPECT_EQ(Files(), QStringList("Weather.ini"));
+}
+
+TEST_F(ReplacedFile, OnAFullDiskTheOldOneStays)
+{
+    folder.Write("Weather.ini", "old");
+    {
+        const FullDisk full(1000);
+        EXPECT_NE(ReplaceFile(Path(), {QByteArray(5000, 'x')}), "");
+        EXPECT_NE(ReplaceFile(Path(), {"begin", QByteArray(100'000, 'x'), "end"}), "");
+        EXPECT_EQ(folder.Bytes("Weather.ini"), "old");
+        EXPECT_EQ(Files(), QStringList("Weather.ini"));
+    }
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+    EXPECT_EQ(folder.Bytes("Weather.ini"), "new");
+}
+
+TEST_F(ReplacedFile, ProblemIsTheSystems)
+{
+    EXPECT_EQ(ReplaceFile(folder.Path("none/Weather.ini"), {"x"}), "No such file or directory");
+    ASSERT_TRUE(QDir().mkdir(Path()));
+    EXPECT_EQ(ReplaceFile(Path(), {"x"}), "Is a directory");
+    EXPECT_EQ(Files(), QStringList("Weather.ini"));
+}
+
+TEST_F(ReplacedFile, KeepsItsAccessList)
+{
+    // Version 2; owner rw, user 1234 r, group r, mask r, others nothing. The numbers are the
+    // kernel's: tag, rights, id.
+    const QByteArray list = QByteArray::fromHex("02000000"
+                                                "01000600ffffffff"
+                                                "02000400d2040000"
+                                                "04000400ffffffff"
+                                                "10000400ffffffff"
+                                                "20000000ffffffff");
+    folder.Write("Weather.ini", "old");
+    const QByteArray name = QFile::encodeName(Path());
+    const char *const kind = "system.posix_acl_access";
+    if (::setxattr(name.constData(), kind, list.constData(), size_t(list.size()), 0) != 0) {
+        EXPECT_EQ(errno, EOPNOTSUPP); // a file system without access lists has none to keep
+        return;
+    }
+
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+
+    QByteArray kept(100, '\0');
+    kept.resize(qMax(0, int(::getxattr(name.constData(), kind, kept.data(), size_t(kept.size())))));
+    EXPECT_EQ(kept.toHex(), list.toHex());
+    EXPECT_EQ(folder.Bytes("Weather.ini"), "new");
+}
+
+TEST_F(ReplacedFile, LeftoversAreRemovedAndNothingElse)
+{
+    const QStringList others = {"TavrinWeather-1.tmp",
+                                "Weather.ini",
+                                "Weather.ini.TavrinWeather-.tmp",
+                                "Weather.ini.TavrinWeather-00000000000000000.tmp",
+                                "Weather.ini.TavrinWeather-1.tmp.old",
+                                "Weather.ini.TavrinWeather-xyz.tmp",
+                                "Weather.ini.abcdef",
+                                "Weather.ini.backup",
+                                "Weather3.ini.TavrinWeather-1.tmp",
+                                "WeatherXini.TavrinWeather-1.tmp",
+                                "my Weather.ini.TavrinWeather-1.tmp"};
+    for (const QString &name : others)
+        folder.Write(name, "theirs");
+    folder.Write("Weather.ini.TavrinWeather-1.tmp", "ours");
+    folder.Write("Weather.ini.TavrinWeather-0123456789abcdef.tmp", "ours");
+    ASSERT_TRUE(QDir().mkdir(folder.Path("Weather.ini.TavrinWeather-2.tmp"))); // never ours
+    const RecordedTrace trace;
+
+    RemoveLeftovers(Path());
+
+    QStringList left = others + QStringList("Weather.ini.TavrinWeather-2.tmp");
+    left.sort();
+    QStringList found = Files();
+    found.sort();
+    EXPECT_EQ(found, left);
+    EXPECT_EQ(trace.lines.size(), 2);
+}
+
+TEST_F(ReplacedFile, WithoutAFolderThereAreNoLeftovers)
+{
+    RemoveLeftovers(folder.Path("none/Weather.ini"));
+    EXPECT_EQ(Files(), QStringList());
+}
+
+} // namespace
