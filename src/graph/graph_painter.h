@@ -1,0 +1,12 @@
+#pragma once
+
+#include "graph/graph_elements.h"
+#include "graph/graph_plan.h"
+
+#include <QPainter>
+#include <QPalette>
+
+/// Paints the elements as they are placed, on the palette's base colour; straight lines stand on
+/// whole pixels of the screen, whatever its resolution. `background` is the whole control.
+void PaintGraph(QPainter &painter, const GraphElements &elements, const GraphPlan &plan,
+                const QPalette &palette, const QRectF &background);
