@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+// The icon in the panel, as numbers: which picture it shows at which tick.
+
+/// The two sets of images, eleven each.
+enum class TraySet
+{
+    Idle,     ///< Plays all the time.
+    Activity, ///< Plays once when a request of the current weather starts.
+};
+
+inline constexpr qint16 kTrayImages = 11;
+
+/// One image of one set.
+struct TrayPicture
+{
+    TraySet set = TraySet::Idle;
+    qint16 index = 0; ///< 0..10.
+
+    bool operator==(const TrayPicture &) const = default;
+};
+
+/// What the panel was told last.
+struct TrayIconRecord
+{
+    TrayPicture picture = {};
+    QString tip = {};
+};
+
+/// The tray's share of the program's state.
+struct TrayState
+{
+    TrayIconRecord TrayIconData = {};
+    qint16 TrayFrame = 0;           ///< The next tick of the cycle, 0..55.
+    bool TrayAnimating = false;     ///< The activity set plays.
+    bool IsMinimizedToTray = false; ///< The window is hidden because it was minimised.
+};
+
+/// The first half of a tick: the picture to show. A frame outside 0..55 becomes 0.
+/// @return nothing for the 45 ticks of a cycle that leave the last picture standing.
+[[nodiscard]] std::optional<TrayPicture> PictureOfTick(TrayState &state);
+
+/// The second half, once the picture is in the panel or there was none to show: on to the next
+/// frame. Behind the last picture of the activity set the idle set goes on. A tick whose picture
+/// could not be shown has no second half.
+void EndTick(TrayState &state);
+
+/// Lets the activity set begin, unless it is at its very beginning anyway.
+void StartIconAnimation(TrayState &state);
+
+/// What the icon says of itself: the program's name, and the session unless it is the default one;
+/// never more than 64 characters.
+[[nodiscard]] QString TrayTip(const QString &sessionId);
