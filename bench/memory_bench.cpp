@@ -8,6 +8,7 @@
 #include "app/frm_main.h"
 #include "core/clock.h"
 #include "net/curl_transfers.h"
+#include "support/fake_panel_icon.h"
 #include "support/loopback_server.h"
 
 #include <QApplication>
@@ -87,7 +88,8 @@ int RunProgram(const QString &url)
     const SystemClock clock;
     ProgramState state;
     state.files.folder = folder.path();
-    frmMain window(state, {clock, http}, [](auto &&...) { return true; });
+    FakePanelIcon panelIcon;
+    frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
     if (window.Form_Load({}))
         return 1;
     window.show();
@@ -146,7 +148,8 @@ QStringList CountControls()
     CurlTransfers http;
     const SystemClock clock;
     ProgramState state;
-    const frmMain window(state, {clock, http}, [](auto &&...) { return true; });
+    FakePanelIcon panelIcon;
+    const frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
     QStringList counts;
     const auto add = [&](auto *kind) {
         using Control = std::remove_pointer_t<decltype(kind)>;

@@ -2,6 +2,7 @@
 // display, min/max store and output file. Figures are processor time of the one thread.
 
 #include "app/frm_main.h"
+#include "support/fake_panel_icon.h"
 #include "support/fake_transfers.h"
 #include "support/fixed_clock.h"
 
@@ -71,7 +72,8 @@ void Tick(benchmark::State &state)
     FakeTransfers http;
     ProgramState program;
     program.files.folder = folder.path();
-    const Platform platform{clock, http};
+    FakePanelIcon panelIcon;
+    const Platform platform{clock, http, panelIcon};
     frmMain window(program, platform, [](auto &&...) { return true; });
     if (window.Form_Load({}))
         state.SkipWithError("not started");

@@ -13,11 +13,20 @@ CheckSpelling() {
     xargs -0 codespell --ignore-words=.codespellignore
 }
 
+# The tray icon's drawings are those that their script makes.
+CheckIcons() {
+  local drawn
+  drawn=$(mktemp -d)
+  trap 'rm -rf "$drawn"' EXIT
+  src/graph/icons/make "$drawn"
+  diff --recursive --exclude=make --exclude=icons.qrc src/graph/icons "$drawn"
+}
+
 # Only the project's own sources: the generated moc files trip two of the checks.
 CheckTidy() {
   local root
   root=$(pwd | sed 's/[][\.*^$+?(){}|]/\\&/g')
-  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools)/" </dev/null
+  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools|examples)/" </dev/null
 }
 
 # The package starts from wherever it is unpacked, stays up, and SIGTERM ends it in good order.

@@ -4,12 +4,17 @@
 # What the program and its tools are built from and run with.
 kProgramPackages=(
   g++ cmake ninja-build
-  qt6-base-dev
+  qt6-base-dev qt6-svg-dev
   libcurl4-openssl-dev zlib1g-dev ca-certificates
+  libxcb1-dev # the X11 tray
   libcpp-httplib-dev # the demo host
 )
 # What the tests need on top.
-kTestPackages=(libgtest-dev libssl-dev)
+kTestPackages=(
+  libgtest-dev libssl-dev
+  # A desktop for each test that runs the program as a person does.
+  xvfb openbox trayer dbus-daemon xdotool x11-utils
+)
 # What the checks behind the tests need on top.
 kCheckPackages=(
   libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 binutils codespell

@@ -1,5 +1,7 @@
 #include "app/frm_main.h"
 
+#include "app/covered_mnemonics.h"
+#include "app/covering_frame.h"
 #include "app/long_text_box.h"
 #include "app/profile_list.h"
 #include "app/start_up.h"
@@ -40,7 +42,7 @@ QString BadProfileText(const IniPath &file, const QString &value)
 } // namespace
 
 frmMain::frmMain(ProgramState &state, const Platform &platform, YesNoQuestion askYesNo)
-    : QWidget(nullptr, Qt::Window | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
+    : frmMainTray(state, platform.panelIcon)
     , m_state(state)
     , m_platform(platform)
     , m_askYesNo(std::move(askYesNo))
@@ -52,6 +54,7 @@ frmMain::frmMain(ProgramState &state, const Platform &platform, YesNoQuestion as
     frmWeatherRaw->setGeometry(rect());
     ConnectControls();
     ConnectWeatherControls();
+    new CoveredMnemonics(*this, [this] { return FrameInFront(); }); // owned by the window
     tmrMain.start(kMainInterval);
     tmrDisclamer.start(kDisclaimerInterval);
 }
@@ -83,14 +86,16 @@ std::optional<QString> frmMain::Form_Load(const QString &command)
     SecondsToWeatherCheck = 0;
     Trace(u"Form_Load Point 10");
     tmrWeatherCheck.start(kWeatherCheckInterval);
+    LoadTray();
     chkMinimizeOnStartup->setChecked(m_state.MinimizeOnStartupEnabled);
     cmdPage_Click(0);
     // The very first run is always shown, or nobody would know where it is.
     if (!m_state.IsFirstRun && m_state.MinimizeOnStartupEnabled)
-        showMinimized();
+        StartMinimized();
     else
         show();
     m_state.ForecastRequestCountdown = kFirstForecastDelay;
+    m_recovery->Keep(GatherSettings());
     m_running = true;
     return std::nullopt;
 }
@@ -118,10 +123,11 @@ void frmMain::LoadProfiles()
 std::optional<QString> frmMain::TakeSettings()
 {
     const IniPath file = m_state.files.Settings();
-    const auto [settings, badCurrentProfile] = LoadSettings(file);
+    auto [settings, badCurrentProfile] = LoadSettings(file);
     m_state.IsFirstRun = settings.IsFirstRun;
     if (badCurrentProfile)
         return BadProfileText(file, *badCurrentProfile);
+    m_recovery.emplace(m_state.files.Recovery()).Apply(settings);
 
     m_state.MinimizeOnStartupEnabled = settings.MinimizeOnStartupEnabled;
     for (size_t i = 0; i < settings.location.size(); ++i)
@@ -194,7 +200,9 @@ void frmMain::Form_Unload()
         timer->stop(); // nothing is requested or written any more
     m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
     m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
-    SaveSettings(m_state.files.Settings(), GatherSettings());
+    if (SaveSettings(m_state.files.Settings(), GatherSettings()))
+        m_recovery->Discard();
+    UnloadTray();
     UnloadZoneFinder();
 }
 

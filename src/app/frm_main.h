@@ -1,15 +1,15 @@
 #pragma once
 
+#include "app/frm_main_tray.h"
 #include "app/message_boxes.h"
 #include "app/page_controls.h"
 #include "app/platform.h"
 #include "app/program_state.h"
-#include "store/settings_file.h"
+#include "store/settings_recovery.h"
 #include "weather/weather_data.h"
 
 #include <QPointer>
 #include <QTimer>
-#include <QWidget>
 
 #include <memory>
 #include <optional>
@@ -30,7 +30,7 @@ enum class UnloadMode
 /// The window holds controls and hands events to the routines of the other folders; what there is
 /// to decide is decided in update_cycle.h. Its routines are slots under the names that users and
 /// neighbours know, so that a test can call them instead of waiting for a timer.
-class frmMain final : public QWidget, private WeatherDataHost, private PageControls
+class frmMain final : public frmMainTray, private WeatherDataHost, private PageControls
 {
     Q_OBJECT
 
@@ -46,7 +46,8 @@ public:
     /// Sets `cancel` when the user, asked because the title bar was used, wants to stay.
     void Form_QueryUnload(bool &cancel, UnloadMode unloadMode);
 
-    /// Saves the settings; does so once, however the end came, and only if they have been loaded.
+    /// Saves the settings and removes the tray icon; does so once, however the end came, and only
+    /// if the settings have been loaded.
     void Form_Unload();
 
     /// Ends the program unless the user refuses.
@@ -129,6 +130,7 @@ private:
     YesNoQuestion m_askYesNo;
     QPointer<frmFindNOAAZones> m_zoneFinder; ///< Null while it is not open.
 
+    std::optional<SettingsRecovery> m_recovery; ///< From the loading of the settings on.
     qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
     qint16 m_requestedProfile = -1;   ///< The profile that the weather transfer was started for.
     qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.

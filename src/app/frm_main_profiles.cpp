@@ -1,4 +1,6 @@
+#include "app/covering_frame.h"
 #include "app/frm_main.h"
+#include "app/help_texts.h"
 #include "app/long_text_box.h"
 #include "app/profile_list.h"
 #include "app/update_cycle.h"
@@ -10,7 +12,6 @@
 
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -55,24 +56,29 @@ void frmMain::ShowWeatherProfile()
     for (QLineEdit *box : txtLocation)
         box->clear();
 
+    txtProfileDescription->setPlaceholderText(
+        current < 0 ? u"Profiles stand in TavrinWeatherProfiles.ini. None was found there."_s
+                    : u"This profile has no description."_s);
     if (const WeatherProfile *profile = m_state.profiles.Selected()) {
-        txtProfileDescription->setPlainText(profile->description);
+        txtProfileDescription->SetText(profile->description);
         lblWeatherCopyright->setText(WithYear(profile->copyright, Year()));
         ShowLocations(*profile);
+        for (size_t i = 0; i < valueBoxes.size(); ++i)
+            valueBoxes[i]->setToolTip(ValueHelp(kValueBoxFields[i], *profile));
     }
-    const auto isShown = [](const QFrame *frame) { return !frame->isHidden(); };
-    const auto last = std::find_if(frmLoc.rbegin(), frmLoc.rend(), isShown);
-    PlaceDescription(*this, last == frmLoc.rend() ? *frmLoc.front() : **last);
+    PlaceDescription(*this);
     DisplayWeatherData();
 }
 
 void frmMain::ShowLocations(const WeatherProfile &profile)
 {
     for (size_t i = 0; i < frmLoc.size(); ++i) {
+        const QString &title = profile.locationTitle[i];
+        const bool hasTitle = !TrimSpaces(title).isEmpty();
         txtLocation[i]->setText(profile.location[i]);
-        txtLocation[i]->setAccessibleName(profile.locationTitle[i]);
-        lblLocationTitle[i]->setText(profile.locationTitle[i]);
-        if (i > 0 && !TrimSpaces(profile.locationTitle[i]).isEmpty())
+        txtLocation[i]->setAccessibleName(hasTitle ? title : u"Location"_s);
+        lblLocationTitle[i]->setText(title);
+        if (i > 0 && hasTitle)
             frmLoc[i]->show();
     }
 }

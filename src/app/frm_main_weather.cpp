@@ -1,3 +1,4 @@
+#include "app/covering_frame.h"
 #include "app/frm_main.h"
 #include "app/long_text_box.h"
 #include "app/update_cycle.h"
@@ -81,6 +82,9 @@ void frmMain::tmrWeatherCheck_Timer()
         lblNextForecastCheck->setText(kInvalidLocation);
     else
         CheckForecastSchedule();
+
+    if (m_running)
+        m_recovery->Keep(GatherSettings());
 }
 
 void frmMain::CountDownToWeather()
@@ -106,8 +110,9 @@ void frmMain::StartWeatherRequest()
     StoreLocations();
     const QString port = txtHTTPPort->text();
     const TransferHandle before = m_state.WeatherThreadHandle;
-    const bool started = RequestCurrentWeather(m_state.profiles.Selected(), port,
-                                               m_state.WeatherThreadHandle, m_platform.http, *this);
+    const bool started =
+        RequestCurrentWeather(m_state.profiles.Selected(), port, m_state.WeatherThreadHandle,
+                              m_platform.http, *this, [this] { StartIconAnimation(); });
     if (m_state.WeatherThreadHandle != before) // a profile without an address starts nothing
         m_requestedProfile = m_state.profiles.currentWeatherProfile;
     if (started)

@@ -46,7 +46,7 @@ QString WithShortLines(QStringView text, qsizetype width)
 }
 
 LongTextBox::LongTextBox(LayOut when, Readable readable, QWidget *parent)
-    : QPlainTextEdit(parent)
+    : WithFocusFrame(parent)
     , m_when(when)
     , m_readable(readable)
 {

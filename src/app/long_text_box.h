@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/focus_frame.h"
+
 #include <QPlainTextEdit>
 #include <QTimer>
 
@@ -11,7 +13,7 @@
 /// The text is kept as it came; it is made readable and laid out a piece at a time, if asked so
 /// only while the box is on the screen. Doing so with megabytes at once would hold up the timers
 /// that drive the program.
-class LongTextBox final : public QPlainTextEdit
+class LongTextBox final : public WithFocusFrame<QPlainTextEdit>
 {
     Q_OBJECT
 

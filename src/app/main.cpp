@@ -1,9 +1,11 @@
 #include "app/frm_main.h"
+#include "app/session_lock.h"
 #include "app/start_up.h"
 #include "app/unix_signals.h"
 #include "controls/control.h"
 #include "core/trace_sink.h"
 #include "net/curl_transfers.h"
+#include "tray/system_panel_icon.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -37,11 +39,26 @@ void TakeFolder(ProgramState &state)
         PrintProblem(problem);
 }
 
-/// The ways to an end that do not lead over the window's title bar, and the end itself.
-void ConnectEnd(QApplication &app, frmMain &window, UnixSignals &endSignals)
+/// True when another copy has the session; that copy shows its window then.
+bool IsRunningAlready(SessionLock &lock, const ProgramFiles &files)
 {
-    QObject::connect(&endSignals, &UnixSignals::EndRequested, &window,
+    const SessionLock::Outcome outcome = lock.Take();
+    if (outcome == SessionLock::Outcome::Taken) // so nobody is at work on these files
+        files.RemoveLeftovers();
+    if (outcome != SessionLock::Outcome::Held)
+        return false; // without a lock the program's work goes on as it can
+    PrintProblem(u"this session is running already. If it is not, delete "_s + lock.Path());
+    lock.CallHolder();
+    return true;
+}
+
+/// What comes from outside the window: the ways to an end that do not lead over its title bar, the
+/// end itself, and the call for the window.
+void ConnectEvents(QApplication &app, frmMain &window, UnixSignals &unixSignals)
+{
+    QObject::connect(&unixSignals, &UnixSignals::EndRequested, &window,
                      [&window] { window.Unload(UnloadMode::Signal); });
+    QObject::connect(&unixSignals, &UnixSignals::WindowRequested, &window, &frmMain::ShowWindow);
     QObject::connect(&app, &QGuiApplication::commitDataRequest, &window,
                      [&window](QSessionManager &) { window.Unload(UnloadMode::DesktopSession); });
     // Queued: the routine that ended the program, and a session manager's question, come to their
@@ -60,25 +77,34 @@ int main(int argc, char *argv[])
 
     const auto trace = OpenTraceSink(qEnvironmentVariable("TAVRIN_TRACE"));
     SetTraceListener(trace.get());
+    PreferX11();
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false); // the window decides what ends the program
 
     // Made from the outside in, destroyed from the inside out.
     const SystemClock clock;
     CurlTransfers http;
-    const Platform platform{clock, http};
+    SystemPanelIcon panelIcon;
+    const Platform platform{clock, http, panelIcon};
     ProgramState state;
     TakeFolder(state);
+    UnixSignals::IgnoreCalls();
+    state.files.SessionId = SessionOf(command);
+    SessionLock lock(state.files.Lock());
+    if (IsRunningAlready(lock, state.files))
+        return 0;
+    UnixSignals unixSignals; // from here on they wait until there is somebody to answer them
     frmMain window(state, platform, AskYesNo);
     DescribeControlsOnRequest(window);
 
     if (const auto problem = window.Form_Load(command)) { // else shows the window, or minimises it
+        QObject::connect(&unixSignals, &UnixSignals::EndRequested, &app,
+                         &QApplication::closeAllWindows);
         PrintProblem(*problem);
         ShowFatalProblem(*problem, kPatience);
         return 1;
     }
     // Not before: what has not been loaded must not be saved when a signal comes.
-    UnixSignals endSignals;
-    ConnectEnd(app, window, endSignals);
+    ConnectEvents(app, window, unixSignals);
     return QApplication::exec();
 }

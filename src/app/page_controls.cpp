@@ -1,6 +1,8 @@
 #include "app/page_controls.h"
 
+#include "app/help_texts.h"
 #include "app/long_text_box.h"
+#include "app/page_grid.h"
 #include "app/tab_button.h"
 #include "app/update_cycle.h"
 #include "controls/control.h"
@@ -50,6 +52,7 @@ void PageControls::Build(QWidget *window)
     BuildRawFrame(window);
     BuildForecastPage(frmPage[1]);
     BuildSettingsPage(frmPage[2]);
+    GiveHelp(*window);
 }
 
 void PageControls::BuildTabs(QWidget *window)
@@ -62,11 +65,13 @@ void PageControls::BuildTabs(QWidget *window)
     txtFocus = MakeControl<QLineEdit>(window, u"txtFocus"_s);
     txtFocus->setGeometry(kOutOfSight);
     txtFocus->setFocusPolicy(Qt::ClickFocus); // no stop of the Tab key
+    txtFocus->setAccessibleName(u"No control"_s);
     for (int i = 0; i < int(cmdPage.size()); ++i) {
         const QString number = QString::number(i);
         auto *tab =
             MakeControl<TabButton>(window, u"cmdPage"_s + number, kTabs[size_t(i)].toString());
         tab->setGeometry(TabGeometry(i, false));
+        tab->setAutoDefault(true); // Enter presses it
         cmdPage[size_t(i)] = tab;
         auto *page =
             MakeControl<QGroupBox>(window, u"frmPage"_s + number, kTitles[size_t(i)].toString());
@@ -82,46 +87,54 @@ void PageControls::BuildTabs(QWidget *window)
 void PageControls::BuildForecastPage(QGroupBox *page)
 {
     txtZoneCode = MakeControl<QLineEdit>(page, u"txtZoneCode"_s);
+    btnSelectNOAAZone = MakeButton(page, u"btnSelectNOAAZone"_s, u"Select Zone Co&de"_s);
     txtStateCode = MakeControl<QLineEdit>(page, u"txtStateCode"_s);
-    btnSelectNOAAZone =
-        MakeControl<QPushButton>(page, u"btnSelectNOAAZone"_s, u"Select Zone Co&de"_s);
     txtForecast =
         MakeControl<LongTextBox>(page, u"txtForecast"_s, LongTextBox::LayOut::Always, nullptr);
     txtForecast->setAccessibleName(u"Forecast"_s);
+    txtForecast->setPlaceholderText(u"No forecast has been received yet."_s);
+    lblNextForecastCheck = MakeControl<ElidedLabel>(page, u"lblNextForecastCheck"_s, 1);
+    lblNextForecastCheck->setText(u"Loading..."_s);
+    lblNextForecastCheck->SetRoomFor(u"Next Update in 00:00:00"_s);
+    btnGetForecast = MakeButton(page, u"btnGetForecast"_s, u"&Get Forecast Now"_s);
     lblDisclaimer2 = MakeControl<ElidedLabel>(page, u"lblDisclaimer2"_s, 2);
     lblDisclaimer2->setText(u"This forecast display is intended for configuration verification and "
                             "is not ideal for on-air reading"_s);
+    lblDisclaimer2->SetMuted();
     lblForecastCopyright = MakeControl<ElidedLabel>(page, u"lblForecastCopyright"_s, 2);
     lblForecastCopyright->setText(u"Public domain sources at U.S. National Weather Services."_s);
+    lblForecastCopyright->SetMuted();
     lblForecastCopyright->hide();
-    lblNextForecastCheck = MakeControl<ElidedLabel>(page, u"lblNextForecastCheck"_s, 2);
-    lblNextForecastCheck->setText(u"Loading..."_s);
-    btnGetForecast = MakeControl<QPushButton>(page, u"btnGetForecast"_s, u"&Get Forecast Now"_s);
 
-    auto *zoneTitle = MakeControl<QLabel>(page, u"lblZoneCodeTitle"_s, u"&Zone Code:"_s);
-    zoneTitle->setBuddy(txtZoneCode);
-    auto *stateTitle = MakeControl<QLabel>(page, u"lblStateCodeTitle"_s, u"&State:"_s);
-    stateTitle->setBuddy(txtStateCode);
-
-    auto *layout = new QGridLayout(page); // owned by the page
-    layout->addWidget(zoneTitle, 0, 0);
-    layout->addWidget(txtZoneCode, 0, 1);
-    layout->addWidget(btnSelectNOAAZone, 0, 2);
-    layout->addWidget(stateTitle, 1, 0);
-    layout->addWidget(txtStateCode, 1, 1);
-    layout->addWidget(txtForecast, 2, 0, 1, 3);
-    layout->addWidget(lblDisclaimer2, 3, 0, 1, 3); // the two take turns in one place
-    layout->addWidget(lblForecastCopyright, 3, 0, 1, 3);
-    layout->addWidget(lblNextForecastCheck, 4, 0, 1, 2);
-    layout->addWidget(btnGetForecast, 4, 2);
+    auto *rows = new QGridLayout;
+    rows->setSpacing(kGap);
+    rows->addWidget(MakeTitle(page, u"lblZoneCodeTitle"_s, u"&Zone Code:"_s, txtZoneCode), 0, 0);
+    rows->addWidget(txtZoneCode, 0, 1);
+    rows->addWidget(btnSelectNOAAZone, 0, 2);
+    rows->addWidget(MakeTitle(page, u"lblStateCodeTitle"_s, u"&State:"_s, txtStateCode), 1, 0);
+    rows->addWidget(txtStateCode, 1, 1);
+    rows->addWidget(txtForecast, 2, 0, 1, 3);
+    rows->addWidget(lblNextForecastCheck, 3, 0, 1, 2);
+    rows->addWidget(btnGetForecast, 3, 2);
+    auto *notices = new QGridLayout; // the two take turns in one place
+    notices->addWidget(lblDisclaimer2, 0, 0);
+    notices->addWidget(lblForecastCopyright, 0, 0);
+    auto *layout = new QVBoxLayout(page); // owned by the page
+    layout->setContentsMargins(kPageMargins);
+    layout->setSpacing(kBlockGap);
+    layout->addLayout(rows);
+    layout->addLayout(notices);
 }
 
 void PageControls::BuildSettingsPage(QGroupBox *page)
 {
     txtHTTPPort = MakeControl<QLineEdit>(page, u"txtHTTPPort"_s);
     txtHTTPPort->setText(u"80"_s);
-    auto *portTitle = MakeControl<QLabel>(page, u"lblHTTPPortTitle"_s, u"&HTTP Request Port"_s);
-    portTitle->setBuddy(txtHTTPPort);
+    auto *port = new QHBoxLayout;
+    port->setSpacing(kGap);
+    port->addWidget(MakeTitle(page, u"lblHTTPPortTitle"_s, u"&HTTP Request Port"_s, txtHTTPPort));
+    port->addWidget(txtHTTPPort);
+    port->addStretch();
     QGroupBox *times = BuildForecastTimes(page);
     QGroupBox *intervals = BuildCheckIntervals(page);
     chkMinimizeOnStartup = MakeControl<QCheckBox>(page, u"chkMinimizeOnStartup"_s,
@@ -134,11 +147,9 @@ void PageControls::BuildSettingsPage(QGroupBox *page)
     lblAppVersion->setTextFormat(Qt::PlainText);
     lblAppVersion->setWordWrap(true);
 
-    auto *port = new QHBoxLayout;
-    port->addWidget(portTitle);
-    port->addWidget(txtHTTPPort);
-    port->addStretch();
     auto *layout = new QVBoxLayout(page); // owned by the page
+    layout->setContentsMargins(kPageMargins);
+    layout->setSpacing(kBlockGap);
     layout->addLayout(port);
     layout->addWidget(times);
     layout->addWidget(intervals);
@@ -152,6 +163,8 @@ QGroupBox *PageControls::BuildForecastTimes(QGroupBox *page)
 {
     auto *frame = MakeControl<QGroupBox>(page, u"frmForecastTimes"_s, u"Get Forecast Info At..."_s);
     auto *grid = new QGridLayout;
+    grid->setContentsMargins(kPageMargins);
+    grid->setSpacing(kGap);
     frame->setLayout(grid); // which owns it
     for (int i = 0; i < int(chkForecastTime.size()); ++i) {
         auto *box = MakeControl<QCheckBox>(frame, u"chkForecastTime"_s + QString::number(i),
@@ -167,6 +180,8 @@ QGroupBox *PageControls::BuildCheckIntervals(QGroupBox *page)
     auto *frame =
         MakeControl<QGroupBox>(page, u"frmCheckInterval"_s, u"Get Current Weather Info Every..."_s);
     auto *grid = new QGridLayout;
+    grid->setContentsMargins(kPageMargins);
+    grid->setSpacing(kGap);
     frame->setLayout(grid); // which owns it
     for (int i = 0; i < int(optCheckInterval.size()); ++i) {
         auto *button = MakeControl<QRadioButton>(frame, u"optCheckInterval"_s + QString::number(i),

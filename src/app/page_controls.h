@@ -1,11 +1,12 @@
 #pragma once
 
-#include "profiles/weather_profile.h"
+#include "app/value_box_fields.h"
 
 #include <QRect>
 
 #include <array>
 
+class CoveringFrame;
 class ElidedLabel;
 class ProfileList;
 class QCheckBox;
@@ -14,42 +15,13 @@ class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QVBoxLayout;
 class QWidget;
 class LongTextBox;
 class TabButton;
 class ValueBox;
-
-/// One of the boxes that show a value of the current weather.
-struct ValueBoxField
-{
-    QStringView name = {};
-    QStringView caption = {};
-    QString WeatherValues::*value = nullptr;
-};
-
-/// The sixteen boxes in the order of the page: the first four have a line of their own, the others
-/// stand in pairs.
-inline constexpr std::array<ValueBoxField, 16> kValueBoxFields{{
-    {u"txtLocation", u"Location:", &WeatherValues::locationValue},
-    {u"txtTime", u"Time:", &WeatherValues::timeValue},
-    {u"txtCurrentConditions", u"Conditions:", &WeatherValues::conditionsValue},
-    {u"txtWindSpeedDir", u"Wind:", &WeatherValues::windSpeedDirValue},
-    {u"txtCurrentTemp", u"Temperature:", &WeatherValues::temperatureValue},
-    {u"txtHumidity", u"Humidity:", &WeatherValues::humidityValue},
-    {u"txtDewPoint", u"Dew Point:", &WeatherValues::dewPointValue},
-    {u"txtAtmosPress", u"Pressure:", &WeatherValues::atmosPressValue},
-    {u"txtWindChill", u"Wind Chill:", &WeatherValues::windchillValue},
-    {u"txtHeatIndex", u"Heat Index:", &WeatherValues::heatindexValue},
-    {u"txtVisibility", u"Visibility:", &WeatherValues::visibilityValue},
-    {u"txtPrevPrecip", u"Precipitation:", &WeatherValues::precipValue},
-    {u"txtSunrise", u"Sunrise:", &WeatherValues::sunriseValue},
-    {u"txtSunset", u"Sunset:", &WeatherValues::sunsetValue},
-    {u"txtPrevMinTemp", u"Previous Min:", &WeatherValues::minTempValue},
-    {u"txtPrevMaxTemp", u"Previous Max:", &WeatherValues::maxTempValue},
-}};
 
 /// The controls of the main window. All of them belong to the window.
 ///
@@ -76,14 +48,14 @@ struct PageControls
     QPushButton *btnShowRaw = nullptr;
 
     // Its frame with the profile's settings, and the frame with the reply as received.
-    QGroupBox *frmWeatherSettings = nullptr;
+    CoveringFrame *frmWeatherSettings = nullptr;
     ProfileList *cboSelectedProfile = nullptr;
     std::array<QFrame *, 4> frmLoc{};
     std::array<ElidedLabel *, 4> lblLocationTitle{};
     std::array<QLineEdit *, 4> txtLocation{};
     QLabel *lblProfileDescription = nullptr;
-    QPlainTextEdit *txtProfileDescription = nullptr;
-    QGroupBox *frmWeatherRaw = nullptr;
+    LongTextBox *txtProfileDescription = nullptr;
+    CoveringFrame *frmWeatherRaw = nullptr;
     LongTextBox *txtWeatherInfo = nullptr;
     std::array<QPushButton *, 2> btnWeatherDone{};
 
@@ -109,8 +81,9 @@ private:
     void BuildTabs(QWidget *window);
     void BuildWeatherPage(QGroupBox *page);
     void BuildValueBoxes(QGroupBox *page, QGridLayout *rows);
+    void BuildStatus(QGroupBox *page, QVBoxLayout *rows);
     void BuildWeatherSettings(QGroupBox *page);
-    void BuildLocations(QGroupBox *frame);
+    void BuildLocations(QGroupBox *frame, QVBoxLayout *rows);
     void BuildRawFrame(QWidget *window);
     void BuildForecastPage(QGroupBox *page);
     void BuildSettingsPage(QGroupBox *page);
@@ -121,5 +94,5 @@ private:
 /// Where the tab of page `index` stands, raised when it is the current page's.
 [[nodiscard]] QRect TabGeometry(int index, bool raised);
 
-/// Puts the profile's description below `lastFrame`, the last location frame that is shown.
-void PlaceDescription(const PageControls &controls, const QFrame &lastFrame);
+/// Puts the profile's description below the last location frame that is shown.
+void PlaceDescription(const PageControls &controls);

@@ -1,5 +1,7 @@
+#include "app/covering_frame.h"
 #include "app/long_text_box.h"
 #include "app/page_controls.h"
+#include "app/page_grid.h"
 #include "app/profile_list.h"
 #include "app/value_box.h"
 #include "controls/control.h"
@@ -8,31 +10,28 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMargin = 6;
-constexpr int kGap = 3;
-constexpr int kRowGap = 4;
+constexpr int kRowGap = 3;
 constexpr int kColumns = 4;  // title, box, title, box
 constexpr int kWideRows = 4; // location, time, conditions and wind need the whole width
-
-// The settings frame: its parts down to the location frames have fixed places, since the
-// description moves up to the last location frame that is shown.
-constexpr int kInset = Twips(120);
-constexpr int kListTitleTop = Twips(330);
-constexpr int kTitleHeight = Twips(285);
-constexpr int kListTop = Twips(615);
-constexpr int kListHeight = Twips(405);
-constexpr int kLocationsTop = Twips(1095);
-constexpr int kLocationHeight = Twips(735);
 constexpr int kBelowLocations = Twips(75);
-constexpr int kDoneHeight = Twips(420);
+constexpr int kRawInset = Twips(60); // as far from the window's edges as the pages
+
+/// The button that closes a frame in front, as does the Escape key in it.
+QPushButton *MakeDoneButton(CoveringFrame *frame)
+{
+    auto *done = MakeButton(frame, u"btnWeatherDone"_s, u"&Done"_s);
+    QObject::connect(frame, &CoveringFrame::Escaped, done, &QPushButton::click);
+    return done;
+}
 
 } // namespace
 
@@ -40,117 +39,127 @@ void PageControls::BuildWeatherPage(QGroupBox *page)
 {
     auto *rows = new QGridLayout;
     rows->setVerticalSpacing(kRowGap);
-    rows->setHorizontalSpacing(kMargin);
-    btnGetWeather = MakeControl<QPushButton>(page, u"btnGetWeather"_s, u"&Get Weather Now"_s);
-    btnWeatherSettings =
-        MakeControl<QPushButton>(page, u"btnWeatherSettings"_s, u"&Weather Settings"_s);
-    btnShowRaw = MakeControl<QPushButton>(page, u"btnShowRaw"_s, u"Show &Raw Received Data"_s);
+    rows->setHorizontalSpacing(kGap);
+    auto *status = new QVBoxLayout;
+    status->setSpacing(kGap);
     BuildValueBoxes(page, rows);
+    BuildStatus(page, status);
 
     lblDisclaimer1 = MakeControl<ElidedLabel>(page, u"lblDisclaimer1"_s, 2);
     lblDisclaimer1->setText(u"This weather display is intended for configuration verification and "
                             "is not ideal for on-air reading."_s);
+    lblDisclaimer1->SetMuted();
     lblWeatherCopyright = MakeControl<ElidedLabel>(page, u"lblWeatherCopyright"_s, 2);
     lblWeatherCopyright->setText(u"Weather data is provided by the selected service."_s);
+    lblWeatherCopyright->SetMuted();
     lblWeatherCopyright->hide();
+    auto *notices = new QGridLayout; // the two take turns in one place
+    notices->addWidget(lblDisclaimer1, 0, 0);
+    notices->addWidget(lblWeatherCopyright, 0, 0);
+
+    auto *layout = new QVBoxLayout(page); // owned by the page
+    layout->setContentsMargins(kPageMargins);
+    layout->setSpacing(kGap);
+    layout->addLayout(rows);
+    layout->addStretch();
+    layout->addLayout(status);
+    layout->addStretch();
+    layout->addLayout(notices);
+}
+
+void PageControls::BuildStatus(QGroupBox *page, QVBoxLayout *rows)
+{
     lblStatus = MakeControl<ElidedLabel>(page, u"lblStatus"_s, 2);
     lblStatus->setText(u"Loading..."_s);
     lblNextWeatherCheck = MakeControl<ElidedLabel>(page, u"lblNextWeatherCheck"_s, 1);
     lblNextWeatherCheck->setText(u"Loading..."_s);
+    lblNextWeatherCheck->SetRoomFor(u"Next Update in 0:00:00"_s);
+    btnGetWeather = MakeButton(page, u"btnGetWeather"_s, u"&Get Weather Now"_s);
+    btnWeatherSettings = MakeButton(page, u"btnWeatherSettings"_s, u"&Weather Settings"_s);
+    btnShowRaw = MakeButton(page, u"btnShowRaw"_s, u"Show &Raw Received Data"_s);
 
-    auto *notices = new QGridLayout; // the two take turns in one place
-    notices->addWidget(lblDisclaimer1, 0, 0);
-    notices->addWidget(lblWeatherCopyright, 0, 0);
-    auto *buttons = new QGridLayout;
-    buttons->setSpacing(kGap);
-    buttons->addWidget(lblNextWeatherCheck, 0, 0);
-    buttons->addWidget(btnGetWeather, 0, 1);
-    buttons->addWidget(btnWeatherSettings, 1, 0);
-    buttons->addWidget(btnShowRaw, 1, 1);
-    buttons->setColumnStretch(0, 1);
-    buttons->setColumnStretch(1, 1);
-
-    auto *layout = new QVBoxLayout(page); // owned by the page
-    layout->setContentsMargins(kMargin, kGap, kMargin, kMargin);
-    layout->setSpacing(kMargin);
-    layout->addLayout(rows);
-    layout->addStretch();
-    layout->addLayout(notices);
-    layout->addWidget(lblStatus);
-    layout->addLayout(buttons);
+    auto *update = new QHBoxLayout;
+    update->setSpacing(kGap);
+    update->addWidget(lblNextWeatherCheck, 1);
+    update->addWidget(btnGetWeather, 1);
+    auto *frames = new QHBoxLayout;
+    frames->setSpacing(kGap);
+    frames->addWidget(btnWeatherSettings, 1);
+    frames->addWidget(btnShowRaw, 1);
+    rows->addWidget(lblStatus);
+    rows->addLayout(update);
+    rows->addLayout(frames);
 }
 
 void PageControls::BuildValueBoxes(QGroupBox *page, QGridLayout *rows)
 {
+    int titleWidth = 0;
     for (int i = 0; i < int(kValueBoxFields.size()); ++i) {
         const ValueBoxField &field = kValueBoxFields[size_t(i)];
         auto *box = MakeControl<ValueBox>(page, field.name.toString());
-        auto *title = MakeControl<QLabel>(page, u"lbl%1Title"_s.arg(field.name.sliced(3)),
-                                          field.caption.toString());
-        title->setBuddy(box);
-        if (i < kWideRows) {
-            rows->addWidget(title, i, 0);
-            rows->addWidget(box, i, 1, 1, kColumns - 1);
-        } else {
-            const int row = kWideRows + (i - kWideRows) / 2;
-            const int column = (i - kWideRows) % 2 * 2;
-            rows->addWidget(title, row, column);
-            rows->addWidget(box, row, column + 1);
-        }
+        box->setToolTip(field.meaning.toString());
+        QLabel *title = MakeTitle(page, u"lbl%1Title"_s.arg(field.name.sliced(3)),
+                                  field.caption.toString(), box);
+        const bool isWide = i < kWideRows;
+        const int row = isWide ? i : kWideRows + (i - kWideRows) / 2;
+        const int column = isWide ? 0 : (i - kWideRows) % 2 * 2;
+        rows->addWidget(title, row, column);
+        rows->addWidget(box, row, column + 1, 1, isWide ? kColumns - 1 : 1);
+        titleWidth = std::max(titleWidth, title->sizeHint().width());
         valueBoxes[size_t(i)] = box;
     }
-    rows->setColumnStretch(1, 1);
-    rows->setColumnStretch(3, 1);
+    for (const int column : {0, 2}) {
+        rows->setColumnMinimumWidth(column, titleWidth); // so that the boxes are equally wide
+        rows->setColumnStretch(column + 1, 1);
+    }
 }
 
 void PageControls::BuildWeatherSettings(QGroupBox *page)
 {
-    frmWeatherSettings = MakeControl<QGroupBox>(page, u"frmWeatherSettings"_s, u"Settings"_s);
-    frmWeatherSettings->setAutoFillBackground(true); // it covers the page
+    frmWeatherSettings =
+        MakeControl<CoveringFrame>(page, u"frmWeatherSettings"_s, 0, u"Settings"_s);
     frmWeatherSettings->resize(page->size());
     frmWeatherSettings->hide();
-    const int width = frmWeatherSettings->width() - 2 * kInset;
 
-    auto *listTitle = MakeControl<QLabel>(frmWeatherSettings, u"Label1"_s,
-                                          u"Weather &Information Service Profile"_s);
-    listTitle->setGeometry(kInset, kListTitleTop, width, kTitleHeight);
     cboSelectedProfile = MakeControl<ProfileList>(frmWeatherSettings, u"cboSelectedProfile"_s);
-    cboSelectedProfile->setGeometry(kInset, kListTop, width, kListHeight);
-    listTitle->setBuddy(cboSelectedProfile);
-    BuildLocations(frmWeatherSettings);
+    auto *layout = new QVBoxLayout(frmWeatherSettings); // owned by the frame
+    layout->setContentsMargins(kPageMargins);
+    layout->setSpacing(0); // the description's place below a location frame is given
+    layout->addWidget(MakeTitle(frmWeatherSettings, u"Label1"_s,
+                                u"Weather &Information Service Profile"_s, cboSelectedProfile));
+    layout->addSpacing(kTitleGap);
+    layout->addWidget(cboSelectedProfile);
+    layout->addSpacing(kBlockGap);
+    BuildLocations(frmWeatherSettings, layout);
 
-    lblProfileDescription = MakeControl<QLabel>(frmWeatherSettings, u"lblProfileDescription"_s,
-                                                u"Weather Profile D&escription"_s);
-    lblProfileDescription->resize(width, kTitleHeight);
-    txtProfileDescription =
-        MakeControl<QPlainTextEdit>(frmWeatherSettings, u"txtProfileDescription"_s);
-    txtProfileDescription->setReadOnly(true);
-    txtProfileDescription->setTabChangesFocus(true);
-    lblProfileDescription->setBuddy(txtProfileDescription);
-
-    auto *done = MakeControl<QPushButton>(frmWeatherSettings, u"btnWeatherDone"_s, u"&Done"_s);
-    const int doneWidth = width / 3;
-    done->setGeometry(kInset + width - doneWidth, page->height() - kDoneHeight - kInset, doneWidth,
-                      kDoneHeight);
-    btnWeatherDone[0] = done;
-    PlaceDescription(*this, *frmLoc.back());
+    txtProfileDescription = MakeControl<LongTextBox>(frmWeatherSettings, u"txtProfileDescription"_s,
+                                                     LongTextBox::LayOut::Always, nullptr);
+    lblProfileDescription = MakeTitle(frmWeatherSettings, u"lblProfileDescription"_s,
+                                      u"Weather Profile D&escription"_s, txtProfileDescription);
+    lblProfileDescription->setContentsMargins(0, 0, 0, kTitleGap);
+    btnWeatherDone[0] = MakeDoneButton(frmWeatherSettings);
+    layout->addSpacing(kBelowLocations);
+    layout->addWidget(lblProfileDescription);
+    layout->addWidget(txtProfileDescription, 1);
+    layout->addSpacing(kBlockGap);
+    layout->addWidget(btnWeatherDone[0], 0, Qt::AlignRight);
 }
 
-void PageControls::BuildLocations(QGroupBox *frame)
+void PageControls::BuildLocations(QGroupBox *frame, QVBoxLayout *rows)
 {
-    const int width = frame->width() - 2 * kInset;
     for (int i = 0; i < int(frmLoc.size()); ++i) {
         const QString number = QString::number(i + 1);
         auto *location = MakeControl<QFrame>(frame, u"frmLoc"_s + number);
-        location->setGeometry(kInset, kLocationsTop + i * kLocationHeight, width, kLocationHeight);
         auto *title = MakeControl<ElidedLabel>(location, u"lblLocation%1Title"_s.arg(number), 1);
         title->setText(u"FieldTitle "_s + number);
         auto *box = MakeControl<QLineEdit>(location, u"txtLocation"_s + number);
+        box->setAccessibleName(u"Location"_s);
         auto *layout = new QVBoxLayout(location); // owned by the frame
         layout->setContentsMargins(0, 0, 0, kGap);
-        layout->setSpacing(0);
+        layout->setSpacing(kTitleGap);
         layout->addWidget(title);
         layout->addWidget(box);
+        rows->addWidget(location);
         frmLoc[size_t(i)] = location;
         lblLocationTitle[size_t(i)] = title;
         txtLocation[size_t(i)] = box;
@@ -159,25 +168,25 @@ void PageControls::BuildLocations(QGroupBox *frame)
 
 void PageControls::BuildRawFrame(QWidget *window)
 {
-    frmWeatherRaw = MakeControl<QGroupBox>(window, u"frmWeatherRaw"_s, u"Raw Received Data"_s);
-    frmWeatherRaw->setAutoFillBackground(true); // it covers the pages
+    frmWeatherRaw =
+        MakeControl<CoveringFrame>(window, u"frmWeatherRaw"_s, kRawInset, u"Raw Received Data"_s);
     frmWeatherRaw->hide();
     txtWeatherInfo = MakeControl<LongTextBox>(frmWeatherRaw, u"txtWeatherInfo"_s,
                                               LongTextBox::LayOut::WhileShown, &RawDataText);
     txtWeatherInfo->setAccessibleName(frmWeatherRaw->title());
-    btnWeatherDone[1] = MakeControl<QPushButton>(frmWeatherRaw, u"btnWeatherDone"_s, u"&Done"_s);
+    txtWeatherInfo->setPlaceholderText(u"Nothing has been received yet."_s);
+    btnWeatherDone[1] = MakeDoneButton(frmWeatherRaw);
 
     auto *layout = new QVBoxLayout(frmWeatherRaw); // owned by the frame
+    layout->setContentsMargins(kPageMargins + kRawInset);
+    layout->setSpacing(kBlockGap);
     layout->addWidget(txtWeatherInfo);
     layout->addWidget(btnWeatherDone[1], 0, Qt::AlignRight);
 }
 
-void PlaceDescription(const PageControls &controls, const QFrame &lastFrame)
+void PlaceDescription(const PageControls &controls)
 {
-    const QRect frame = lastFrame.geometry();
-    const int top = frame.top() + frame.height() + kBelowLocations;
-    controls.lblProfileDescription->move(kInset, top);
-    const int boxTop = top + controls.lblProfileDescription->height();
-    const int bottom = controls.btnWeatherDone[0]->y() - kMargin;
-    controls.txtProfileDescription->setGeometry(kInset, boxTop, frame.width(), bottom - boxTop);
+    QLayout *layout = controls.frmWeatherSettings->layout();
+    layout->invalidate();
+    layout->activate(); // at once, shown or not
 }

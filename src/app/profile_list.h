@@ -1,12 +1,15 @@
 #pragma once
 
+#include "controls/tool_tip.h"
+
 #include <QComboBox>
 
 /// The drop-down list of the profiles, with one signal for every choice.
 ///
 /// The toolkit reports a choice from the list and a change of the current entry apart, and a choice
-/// that changes the entry twice; Click() comes exactly once for either.
-class ProfileList final : public QComboBox
+/// that changes the entry twice; Click() comes exactly once for either. A title that does not fit
+/// ends in an ellipsis, and the opened list is as wide as its titles.
+class ProfileList final : public QComboBox, public ToolTipSource
 {
     Q_OBJECT
 
@@ -15,6 +18,12 @@ public:
 
     void showPopup() override;
 
+    [[nodiscard]] bool IsShownWhole() const; ///< The title of the current entry.
+
+    [[nodiscard]] QString ToolTipText() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void Click();  ///< An entry was chosen, also the current one, or the current entry changed.
     void Scroll(); ///< The opened list was scrolled.
@@ -22,7 +31,10 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] QString ElidedTitle() const;
+
     bool m_changeReported = false; ///< The user action that runs now has changed the entry.
 };

@@ -1,5 +1,7 @@
 #include "app/program_files.h"
 
+#include "store/replaced_file.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
@@ -35,6 +37,11 @@ IniPath ProgramFiles::Settings() const
     return {InFolder(folder, u"TavrinWeatherSettings"_s + SessionId + u".ini"_s), codePage};
 }
 
+IniPath ProgramFiles::Recovery() const
+{
+    return {InFolder(folder, u"TavrinWeatherRecovery"_s + SessionId + u".ini"_s), codePage};
+}
+
 IniPath ProgramFiles::MinMax() const
 {
     return {InFolder(folder, u"TavrinWeatherMinMax"_s + SessionId + u".ini"_s), codePage};
@@ -53,6 +60,17 @@ IniPath ProgramFiles::Forecast() const
 IniPath ProgramFiles::Profiles() const
 {
     return {InFolder(folder, u"TavrinWeatherProfiles.ini"_s), codePage};
+}
+
+QString ProgramFiles::Lock() const
+{
+    return InFolder(folder, u"TavrinWeatherUtility"_s + SessionId + u".lock"_s);
+}
+
+void ProgramFiles::RemoveLeftovers() const
+{
+    for (const IniPath &file : {Settings(), Recovery(), MinMax(), Weather(), Forecast()})
+        ::RemoveLeftovers(file.path);
 }
 
 ProgramFolder FindProgramFolder(const QString &executableFolder)

@@ -12,10 +12,16 @@ struct ProgramFiles
     QString SessionId = {}; ///< "" or one character "2".."9".
 
     [[nodiscard]] IniPath Settings() const;
+    [[nodiscard]] IniPath Recovery() const; ///< Only between a change of a setting and the end.
     [[nodiscard]] IniPath MinMax() const;
     [[nodiscard]] IniPath Weather() const;
     [[nodiscard]] IniPath Forecast() const;
     [[nodiscard]] IniPath Profiles() const; ///< Shared by all sessions.
+    [[nodiscard]] QString Lock() const;     ///< While a copy of the session runs.
+
+    /// Takes away what a copy of this session that was killed has left of half-written files. To be
+    /// called while no other copy runs.
+    void RemoveLeftovers() const;
 };
 
 /// The program's folder and what is wrong with it.

@@ -5,6 +5,7 @@
 #include "net/http_transfers.h"
 #include "profiles/weather_profile.h"
 #include "store/min_max_store.h"
+#include "tray/tray_animation.h"
 
 #include <array>
 
@@ -29,6 +30,9 @@ struct ProgramState
 
     bool ZoneFinderOpen = false;   ///< The zone finder is loaded.
     qint16 SelectedStateIndex = 0; ///< The state that the zone finder begins with, 0..49.
+
+    TrayState tray = {};
+    bool GraphicsFormLoaded = false; ///< The form with the tray icon's images is loaded.
 
     TransferHandle WeatherThreadHandle = 0;
     TransferHandle ForecastThreadHandle = 0;

@@ -18,6 +18,27 @@ QString VersionNumber()
     return u"%1.%2.%3"_s.arg(version::kMajor).arg(version::kMinor).arg(version::kRevision);
 }
 
+qsizetype SwitchPosition(const QString &command)
+{
+    return command.indexOf(kSessionSwitch, 0, Qt::CaseInsensitive);
+}
+
+/// What stands behind the session switch; empty when nothing does. The digit counts only as the
+/// last character of the command text: with anything behind it no session is read.
+std::optional<QString> SessionDigit(const QString &command)
+{
+    const qsizetype found = SwitchPosition(command);
+    const qsizetype digitAt = found + kSessionSwitch.size();
+    if (found < 0 || digitAt + 1 < command.size())
+        return std::nullopt;
+    return command.mid(digitAt, 1);
+}
+
+bool IsSession(const QString &digit)
+{
+    return !digit.isEmpty() && kSessions.contains(digit);
+}
+
 QString HelpText()
 {
     return u"Usage: TavrinWeatherUtility [/CODEPAGE=1252] [/SESSION=n]\n"
@@ -55,25 +76,32 @@ std::optional<QString> ConsoleAnswer(const QString &command)
     return std::nullopt;
 }
 
+void PreferX11()
+{
+    const auto isSet = [](const char *name) { return !qEnvironmentVariableIsEmpty(name); };
+    if (!isSet("QT_QPA_PLATFORM") && isSet("WAYLAND_DISPLAY") && isSet("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+}
+
 QString SessionFromCommand(const QString &command)
 {
-    const qsizetype found = command.indexOf(kSessionSwitch, 0, Qt::CaseInsensitive);
     Trace(u"Command:", command);
-    Trace(found + 1, u"position of \"/SESSION=\"");
+    Trace(SwitchPosition(command) + 1, u"position of \"/SESSION=\"");
     Trace(u"len(command) = ", command.size());
 
-    // The digit counts only as the last character of the command text: with anything behind it no
-    // session is read, and nothing is reported.
-    const qsizetype digitAt = found + kSessionSwitch.size();
-    if (found < 0 || digitAt + 1 < command.size())
+    const std::optional<QString> digit = SessionDigit(command);
+    if (!digit)
         return {};
+    Trace(u"Mid$(Command, startPos + 9, 1) = ", *digit);
+    if (!IsSession(*digit))
+        Trace(u"Unrecognised Session ID:", *digit);
+    return SessionOf(command);
+}
 
-    QString digit = command.mid(digitAt, 1);
-    Trace(u"Mid$(Command, startPos + 9, 1) = ", digit);
-    if (!digit.isEmpty() && kSessions.contains(digit))
-        return digit;
-    Trace(u"Unrecognised Session ID:", digit);
-    return {};
+QString SessionOf(const QString &command)
+{
+    const QString digit = SessionDigit(command).value_or(QString());
+    return IsSession(digit) ? digit : QString();
 }
 
 CodePage CodePageFromCommand(QStringView command)

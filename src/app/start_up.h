@@ -14,9 +14,17 @@
 /// "--help" or "--version".
 [[nodiscard]] std::optional<QString> ConsoleAnswer(const QString &command);
 
+/// Lets the toolkit try X11 before Wayland where a desktop offers both and the user has not chosen
+/// with `QT_QPA_PLATFORM`: on Wayland a window is not told that it is minimised, so it could not
+/// hide in the tray. To be called before the application object is made.
+void PreferX11();
+
 /// The session that the command text asks for: "2".."9" when "/SESSION=" and that digit stand at
 /// its very end (letter case ignored), "" for the default session. Traces what it looks at.
 [[nodiscard]] QString SessionFromCommand(const QString &command);
+
+/// The same without a trace line.
+[[nodiscard]] QString SessionOf(const QString &command);
 
 /// Windows-1252 when "/CODEPAGE=1252" and a blank or the end of the text stand ahead of
 /// "/SESSION=", or anywhere when there is no session switch; letter case is ignored.

@@ -15,15 +15,18 @@
 
 namespace {
 
-constexpr std::array kSignals{SIGTERM, SIGINT, SIGHUP};
+constexpr std::array kEndSignals{SIGTERM, SIGINT, SIGHUP};
 
 // The only thing a signal handler may touch; -1: no object listens.
 std::array<int, 2> signalPipe{-1, -1};
 
-void Handle(int /*number*/)
+constexpr char kEnd = 'E';
+constexpr char kWindow = 'W';
+
+void Handle(int number)
 {
     const int before = errno;
-    const char byte = 0;
+    const char byte = number == SIGUSR1 ? kWindow : kEnd;
     // A full pipe has said it already.
     [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
     errno = before;
@@ -37,15 +40,20 @@ bool IsToBeIgnored(int number)
         && before.sa_handler == SIG_IGN;
 }
 
-void SetHandler(void (*handler)(int))
+void SetAction(int number, void (*handler)(int), int flags)
 {
     struct sigaction action = {};
     action.sa_handler = handler;
-    action.sa_flags = int(SA_RESTART | SA_RESETHAND);
+    action.sa_flags = flags;
     sigemptyset(&action.sa_mask);
-    for (const int number : kSignals) {
+    sigaction(number, &action, nullptr);
+}
+
+void SetEndHandler(void (*handler)(int))
+{
+    for (const int number : kEndSignals) {
         if (!IsToBeIgnored(number))
-            sigaction(number, &action, nullptr);
+            SetAction(number, handler, int(SA_RESTART | SA_RESETHAND));
     }
 }
 
@@ -57,14 +65,16 @@ UnixSignals::UnixSignals(QObject *parent) : QObject(parent)
         return; // the signals keep their default effect
     m_notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &UnixSignals::Read);
-    SetHandler(Handle);
+    SetEndHandler(Handle);
+    SetAction(SIGUSR1, Handle, SA_RESTART);
 }
 
 UnixSignals::~UnixSignals()
 {
     if (m_notifier == nullptr)
         return;
-    SetHandler(SIG_DFL);
+    SetEndHandler(SIG_DFL);
+    IgnoreCalls();
     delete m_notifier;
     for (int &end : signalPipe) {
         ::close(end);
@@ -74,10 +84,22 @@ UnixSignals::~UnixSignals()
 
 void UnixSignals::Read()
 {
-    std::array<char, 16> bytes = {};
-    while (::read(signalPipe[0], bytes.data(), bytes.size()) > 0) {
+    bool end = false;
+    bool window = false;
+    char byte = 0;
+    while (::read(signalPipe[0], &byte, 1) > 0) {
+        end = end || byte == kEnd;
+        window = window || byte == kWindow;
     }
-    Q_EMIT EndRequested();
+    if (end)
+        Q_EMIT EndRequested();
+    else if (window)
+        Q_EMIT WindowRequested();
+}
+
+void UnixSignals::IgnoreCalls()
+{
+    SetAction(SIGUSR1, SIG_IGN, 0);
 }
 
 #else
@@ -85,5 +107,6 @@ void UnixSignals::Read()
 UnixSignals::UnixSignals(QObject *parent) : QObject(parent) {}
 UnixSignals::~UnixSignals() = default;
 void UnixSignals::Read() {}
+void UnixSignals::IgnoreCalls() {}
 
 #endif

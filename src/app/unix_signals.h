@@ -4,10 +4,11 @@
 
 class QSocketNotifier;
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a signal of the event loop. One object at a time.
+/// Turns SIGTERM, SIGINT and SIGHUP, which ask for the end, and SIGUSR1, with which another start
+/// of the same session asks for the window, into signals of the event loop. One object at a time.
 ///
-/// A second one of them ends the process in the system's own way, should the first have had no
-/// effect. On systems without these signals it does nothing.
+/// A second one of the first three ends the process in the system's own way, should the first have
+/// had no effect. On systems without these signals it does nothing.
 class UnixSignals final : public QObject
 {
     Q_OBJECT
@@ -17,8 +18,12 @@ public:
     ~UnixSignals() override;
     Q_DISABLE_COPY_MOVE(UnixSignals)
 
+    /// Makes SIGUSR1 harmless; to be called before others can know this process.
+    static void IgnoreCalls();
+
 Q_SIGNALS:
     void EndRequested();
+    void WindowRequested();
 
 private:
     void Read();

@@ -1,11 +1,14 @@
 #include "app/value_box.h"
 
-#include "controls/control.h"
+#include "controls/muted_color.h"
+#include "weather/node_value.h"
 
-#include <QHelpEvent>
+#include <QApplication>
+#include <QEvent>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
-#include <QToolTip>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,6 +21,9 @@ constexpr int kMinWidth = 40;  // narrower is no use to anyone
 ValueBox::ValueBox(QWidget *parent) : QLineEdit(parent)
 {
     setReadOnly(true);
+    ShowToolTipLiterally(this);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum); // lower where room is short
+    TakeColors();
 }
 
 void ValueBox::SetValue(const QString &value)
@@ -25,40 +31,74 @@ void ValueBox::SetValue(const QString &value)
     m_value = value;
     setText(value.left(kShownLength));
     setCursorPosition(0); // a long value shows its beginning
+    TakeColors();
 }
 
-QSize ValueBox::sizeHint() const
+bool ValueBox::IsMissing() const
 {
-    return {QLineEdit::sizeHint().width(), fontMetrics().height() + kFrame};
+    return m_value == kNotAvailable || m_value == kNotAvailableFromService;
+}
+
+// Only what differs from the palette of the desktop is set, so that all else follows it.
+void ValueBox::TakeColors()
+{
+    const QPalette palette = QApplication::palette(this);
+    QPalette own;
+    own.setColor(QPalette::Base, palette.color(QPalette::Window)); // nothing can be typed here
+    if (IsMissing())
+        own.setColor(QPalette::Text, MutedColor(palette, QPalette::Text, QPalette::Window));
+    setPalette(own);
 }
 
 QSize ValueBox::minimumSizeHint() const
 {
-    return {kMinWidth, sizeHint().height()};
+    return {kMinWidth, fontMetrics().height() + kFrame};
 }
 
-bool ValueBox::event(QEvent *event)
+QRect ValueBox::Room() const
 {
-    if (event->type() == QEvent::ToolTip && !m_value.isEmpty()) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), PlainToolTip(m_value),
-                           this);
-        return true;
-    }
-    return QLineEdit::event(event);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()
+        ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+        .adjusted(kTextMargin, 0, -kTextMargin, 0);
+}
+
+bool ValueBox::IsShownWhole() const
+{
+    return m_value.size() <= kShownLength
+        && fontMetrics().horizontalAdvance(m_value) <= Room().width();
+}
+
+QString ValueBox::ToolTipText() const
+{
+    QStringList parts;
+    if (!IsShownWhole())
+        parts.append(m_value);
+    parts.append(toolTip());
+    if (m_value == kNotAvailable)
+        parts.append(u"N/A: no value could be obtained."_s);
+    parts.removeAll({});
+    return parts.join(u'\n');
+}
+
+void ValueBox::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        TakeColors(); // which ends here: the second time they are the same
 }
 
 void ValueBox::paintEvent(QPaintEvent *event)
 {
-    QStyleOptionFrame option;
-    initStyleOption(&option);
-    const QRect room = style()
-                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
-                           .adjusted(kTextMargin, 0, -kTextMargin, 0);
     // With the focus it is a line edit that can be scrolled and copied from.
-    if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= room.width()) {
+    if (hasFocus() || IsShownWhole()) {
         QLineEdit::paintEvent(event);
         return;
     }
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect room = Room();
     QStylePainter painter(this);
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
     painter.setPen(palette().color(QPalette::Text));

@@ -1,6 +1,8 @@
 #include "controls/control.h"
 
 #include <QEvent>
+#include <QLabel>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -29,17 +31,25 @@ private:
 
 } // namespace
 
+QPushButton *MakeButton(QWidget *parent, const QString &name, const QString &caption)
+{
+    auto *button = MakeControl<QPushButton>(parent, name, caption);
+    button->setAutoDefault(true);
+    return button;
+}
+
+QLabel *MakeTitle(QWidget *parent, const QString &name, const QString &caption, QWidget *buddy)
+{
+    auto *title = MakeControl<QLabel>(parent, name, caption);
+    title->setBuddy(buddy);
+    return title;
+}
+
 void SetBold(QWidget *control, bool bold)
 {
     QFont font = control->font();
     font.setBold(bold);
     control->setFont(font);
-}
-
-QString PlainToolTip(const QString &text)
-{
-    constexpr qsizetype kLongest = 1000; // a tool tip has to fit on the screen
-    return u"<p>"_s + text.left(kLongest).toHtmlEscaped() + u"</p>"_s;
 }
 
 std::unique_ptr<QObject> WhenFocusIsLost(QWidget *control, std::function<void()> left)

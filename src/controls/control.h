@@ -7,6 +7,9 @@
 #include <memory>
 #include <utility>
 
+class QLabel;
+class QPushButton;
+
 /// Logical pixels of a length in twips, of which fifteen make one pixel.
 [[nodiscard]] constexpr int Twips(int twips)
 {
@@ -23,11 +26,14 @@ template <typename Control, typename... Args>
     return control;
 }
 
+/// Makes a button that Enter presses when it has the focus, as in any dialog.
+[[nodiscard]] QPushButton *MakeButton(QWidget *parent, const QString &name, const QString &caption);
+
+/// Makes a title in front of a control, which its mnemonic gives the focus to.
+QLabel *MakeTitle(QWidget *parent, const QString &name, const QString &caption, QWidget *buddy);
+
 /// Makes the control's font bold or not.
 void SetBold(QWidget *control, bool bold);
-
-/// `text` as a tool tip that shows it literally, whatever it holds, in lines of a handy length.
-[[nodiscard]] QString PlainToolTip(const QString &text);
 
 /// Calls `left` whenever `control` loses the keyboard focus, edited or not, for as long as the
 /// returned object lives. Whoever `left` needs keeps it, or `left` would still be called when the

@@ -1,24 +1,42 @@
 #include "controls/elided_label.h"
 
-#include "controls/control.h"
+#include "controls/muted_color.h"
+#include "controls/tabular_text.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QTextLayout>
-#include <QToolTip>
+
+#include <algorithm>
 
 namespace {
 
 constexpr qsizetype kLongestLaidOut = 1000; // far more than the window can show
 constexpr int kPreferredWidth = 120;
-
 } // namespace
 
 ElidedLabel::ElidedLabel(int lines, QWidget *parent) : QLabel(parent), m_lines(lines)
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    ShowToolTipLiterally(this);
+}
+
+void ElidedLabel::SetElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    update();
+}
+
+void ElidedLabel::SetRoomFor(const QString &text)
+{
+    m_roomFor = text;
+    updateGeometry();
+}
+
+void ElidedLabel::SetMuted()
+{
+    m_muted = true;
+    update();
 }
 
 QSize ElidedLabel::sizeHint() const
@@ -28,24 +46,38 @@ QSize ElidedLabel::sizeHint() const
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    return {0, sizeHint().height()};
+    const TextWidth width = Width();
+    return {width(WithWidestDigits(m_roomFor, width)), sizeHint().height()};
 }
 
-bool ElidedLabel::event(QEvent *event)
+TextWidth ElidedLabel::Width() const
 {
-    if (event->type() == QEvent::ToolTip) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), PlainToolTip(text()),
-                           this);
-        return true;
-    }
-    return QLabel::event(event);
+    return
+        [metrics = fontMetrics()](const QString &text) { return metrics.horizontalAdvance(text); };
 }
 
-QStringList ElidedLabel::LinesToPaint() const
+QString ElidedLabel::ShownText() const
 {
-    const QString shown = text().left(kLongestLaidOut).simplified();
-    const int width = contentsRect().width();
-    QTextLayout layout(shown, font());
+    return text().left(kLongestLaidOut).simplified();
+}
+
+QString ElidedLabel::ToolTipText() const
+{
+    QStringList parts;
+    if (text().size() > kLongestLaidOut || Lines().join(QString()) != ShownText())
+        parts.append(text());
+    parts.append(toolTip());
+    parts.removeAll({});
+    return parts.join(u'\n');
+}
+
+// Lines are broken and cut by the text with the widest digits, so that neither moves when a digit
+// changes.
+QStringList ElidedLabel::Lines() const
+{
+    const QString shown = ShownText();
+    const QString widest = WithWidestDigits(shown, Width());
+    QTextLayout layout(widest, font());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
@@ -53,10 +85,9 @@ QStringList ElidedLabel::LinesToPaint() const
     QStringList lines;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
+        line.setLineWidth(contentsRect().width());
         if (lines.size() + 1 == m_lines) { // the last one takes the rest, as far as it goes
-            lines.append(
-                fontMetrics().elidedText(shown.mid(line.textStart()), Qt::ElideRight, width));
+            lines.append(Elided(shown.mid(line.textStart()), widest.mid(line.textStart())));
             break;
         }
         lines.append(shown.mid(line.textStart(), line.textLength()));
@@ -65,11 +96,39 @@ QStringList ElidedLabel::LinesToPaint() const
     return lines;
 }
 
+/// `line` cut where `widest`, the same with the widest digits, has to be.
+QString ElidedLabel::Elided(const QString &line, const QString &widest) const
+{
+    const QString cut = fontMetrics().elidedText(widest, m_elideMode, contentsRect().width());
+    if (cut == widest)
+        return line;
+    const auto ellipsis = std::mismatch(cut.begin(), cut.end(), widest.begin(), widest.end()).first;
+    if (ellipsis == cut.end()) // no room for anything
+        return {};
+    const qsizetype front = ellipsis - cut.begin();
+    return line.left(front) + *ellipsis + line.right(cut.size() - front - 1);
+}
+
+void ElidedLabel::PaintLine(QPainter &painter, int top, const QString &line) const
+{
+    for (const PlacedText &piece : PlaceTabular(line, Width())) {
+        const QRect room(contentsRect().x() + piece.x, top, piece.width, fontMetrics().height());
+        painter.drawText(room, int(Qt::AlignCenter) | int(Qt::TextDontClip), piece.text);
+    }
+}
+
 void ElidedLabel::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
-    const QString lines = LinesToPaint().join(u'\n');
-    painter.drawText(contentsRect(), int(alignment()), lines);
+    painter.setPen(m_muted ? MutedColor(palette(), foregroundRole(), backgroundRole())
+                           : palette().color(foregroundRole()));
+    const QRect room = contentsRect();
+    const int spacing = fontMetrics().lineSpacing();
+    // A text that comes and goes keeps its first line in its place.
+    int top = room.top() + (room.height() - m_lines * spacing) / 2;
+    for (const QString &line : Lines()) {
+        PaintLine(painter, top, line);
+        top += spacing;
+    }
 }

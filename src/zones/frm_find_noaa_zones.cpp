@@ -1,13 +1,15 @@
 #include "zones/frm_find_noaa_zones.h"
 
 #include "controls/elided_label.h"
+#include "controls/tool_tip.h"
 #include "core/state_tables.h"
+#include "zones/zone_list_box.h"
 #include "zones/zone_search.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -62,8 +64,6 @@ void frmFindNOAAZones::ConnectControls()
         enter->setContext(Qt::WidgetShortcut);
         connect(enter, &QShortcut::activated, this, &frmFindNOAAZones::btnSelect_Click);
     }
-    auto *escape = new QShortcut(Qt::Key_Escape, this); // owned by the dialog
-    connect(escape, &QShortcut::activated, this, &frmFindNOAAZones::btnCancel_Click);
 
     connect(&tmrRetrieval, &QTimer::timeout, this, &frmFindNOAAZones::tmrRetrieval_Timer);
 }
@@ -108,6 +108,15 @@ void frmFindNOAAZones::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     Form_Resize();
+}
+
+// Not a shortcut, which would also close the dialog when the key closes the list of states.
+void frmFindNOAAZones::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        btnCancel_Click();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void frmFindNOAAZones::closeEvent(QCloseEvent *event)

@@ -10,6 +10,7 @@ class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
 class QWidget;
+class ZoneListBox;
 
 /// The controls of the zone finder. All of them belong to its window.
 struct ZoneFinderControls
@@ -24,13 +25,13 @@ struct ZoneFinderControls
     QPushButton *btnNOAAZonesGetList = nullptr;
     QLabel *lblProgress = nullptr; ///< Hidden outside a retrieval.
 
-    QListWidget *lstZoneCodes = nullptr;
+    ZoneListBox *lstZoneCodes = nullptr;
 
     QWidget *frmSearch = nullptr; ///< What stands below the list; no frame is drawn.
     QLineEdit *txtSearch = nullptr;
     QPushButton *btnSearch = nullptr;
-    ElidedLabel *lblZoneFiles = nullptr;
 
+    ElidedLabel *lblZoneFiles = nullptr; ///< The status line.
     QPushButton *btnSelect = nullptr;
     QPushButton *btnCancel = nullptr;
 
@@ -39,7 +40,7 @@ struct ZoneFinderControls
 
 private:
     void BuildState(QWidget *window);
-    void BuildList(QWidget *window) const;
     void BuildSearch(QWidget *window);
+    void GiveHelp() const;
     void SetTabOrder() const;
 };

@@ -1,14 +1,12 @@
 #include "support/child_program.h"
+#include "support/one_reply_service.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <httplib.h>
-
 #include <memory>
-#include <thread>
 
 using namespace std::chrono_literals;
 
@@ -36,55 +34,6 @@ void Write(const QString &path, const QByteArray &bytes)
     QCOMPARE(file.write(bytes), bytes.size());
 }
 
-/// A service on the loopback that has one reply for every request, and remembers the last one.
-class OneReplyService
-{
-public:
-    OneReplyService(const std::string &body, const std::string &type)
-    {
-        m_server.set_keep_alive_timeout(1);
-        m_server.Get(".*", [=, this](const httplib::Request &request, httplib::Response &response) {
-            const std::scoped_lock lock(m_mutex);
-            m_request = request.target;
-            m_agent = request.get_header_value("User-Agent");
-            response.set_content(body, type);
-        });
-        m_port = m_server.bind_to_any_port("127.0.0.1");
-        m_thread = std::thread([this] { m_server.listen_after_bind(); });
-        while (!m_server.is_running())
-            std::this_thread::yield();
-    }
-    ~OneReplyService()
-    {
-        m_server.stop();
-        m_thread.join();
-    }
-    Q_DISABLE_COPY_MOVE(OneReplyService)
-
-    [[nodiscard]] QByteArray Address() const
-    {
-        return "http://127.0.0.1:" + QByteArray::number(m_port);
-    }
-    [[nodiscard]] QByteArray LastRequest() const
-    {
-        const std::scoped_lock lock(m_mutex);
-        return QByteArray::fromStdString(m_request);
-    }
-    [[nodiscard]] QByteArray LastAgent() const
-    {
-        const std::scoped_lock lock(m_mutex);
-        return QByteArray::fromStdString(m_agent);
-    }
-
-private:
-    httplib::Server m_server;
-    int m_port = 0;
-    mutable std::mutex m_mutex;
-    std::string m_request; ///< Guarded by m_mutex, and so is the next.
-    std::string m_agent;
-    std::thread m_thread;
-};
-
 } // namespace
 
 /// The built program in a folder of its own, beside a service on the loopback.
@@ -98,6 +47,8 @@ private Q_SLOTS:
     void writesWeatherAndForecastOfTheDemoHost();
     void keepsToSessionAndCodePage();
     void writesNothingWithoutATemperature();
+    void runsASessionOnce();
+    void startsBehindAKilledCopy();
 
 private:
     [[nodiscard]] QString Path(const QString &name) const { return m_folder->filePath(name); }
@@ -105,6 +56,8 @@ private:
     /// Lays one of the test profile files into the folder, with the service's address filled in.
     void TakeProfiles(const QString &name, const QByteArray &host) const;
     void Start(const QStringList &arguments = {});
+    [[nodiscard]] QProcessEnvironment Environment() const;
+    void WaitForStart() const;
 
     /// Ends the program as the system does; it must agree, and have nothing to complain of.
     void EndProgram();
@@ -135,6 +88,17 @@ void tst_end_to_end::TakeProfiles(const QString &name, const QByteArray &host) c
 
 void tst_end_to_end::Start(const QStringList &arguments)
 {
+    m_program = std::make_unique<ChildProgram>(TAVRIN_PROGRAM, arguments, Environment());
+}
+
+/// The last line that the start traces.
+void tst_end_to_end::WaitForStart() const
+{
+    QTRY_VERIFY_WITH_TIMEOUT(Bytes(Path("trace.txt")).contains("Form_Load Point 10"), kPatience);
+}
+
+QProcessEnvironment tst_end_to_end::Environment() const
+{
     auto environment = QProcessEnvironment::systemEnvironment();
     for (const char *proxy : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
         environment.remove(proxy);
@@ -142,7 +106,7 @@ void tst_end_to_end::Start(const QStringList &arguments)
     environment.insert("TAVRIN_WEATHER_FOLDER", m_folder->path());
     environment.insert("XDG_RUNTIME_DIR", m_folder->path()); // Qt warns where there is none
     environment.insert("TAVRIN_TRACE", Path("trace.txt"));
-    m_program = std::make_unique<ChildProgram>(TAVRIN_PROGRAM, arguments, environment);
+    return environment;
 }
 
 void tst_end_to_end::EndProgram()
@@ -212,6 +176,52 @@ void tst_end_to_end::writesNothingWithoutATemperature()
         kPatience);
     EndProgram();
     QVERIFY(!QFile::exists(Path("Weather.ini")));
+}
+
+void tst_end_to_end::runsASessionOnce()
+{
+    const OneReplyService service("at=14:05;t=-7;", "text/plain");
+    TakeProfiles("harbour_profiles.ini", service.Address());
+    Write(Path("TavrinWeatherSettings3.ini"), Expected("harbour_settings_before.ini"));
+    Start({"/SESSION=3"});
+    WaitForStart();
+    const QByteArray settings = Bytes(Path("TavrinWeatherSettings3.ini"));
+
+    ChildProgram second(TAVRIN_PROGRAM, {"/SESSION=3"}, Environment());
+    QCOMPARE(second.ExitCode(), 0);
+    QVERIFY(second.Errors().contains("running already"));
+    QCOMPARE(Bytes(Path("TavrinWeatherSettings3.ini")), settings);
+
+    ChildProgram other(TAVRIN_PROGRAM, {"/SESSION=4"}, Environment());
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("TavrinWeatherSettings4.ini")), kPatience);
+    other.Terminate();
+    QCOMPARE(other.ExitCode(), 0);
+    QCOMPARE(other.Errors(), "");
+    m_program->Terminate();
+    QCOMPARE(m_program->ExitCode(), 0); // the call has done it no harm
+    QVERIFY(Files().filter(".lock").isEmpty());
+}
+
+void tst_end_to_end::startsBehindAKilledCopy()
+{
+    const OneReplyService service("at=14:05;t=-7;", "text/plain");
+    TakeProfiles("harbour_profiles.ini", service.Address());
+    Write(Path("TavrinWeatherSettings.ini"), Expected("harbour_settings_before.ini"));
+    Start();
+    WaitForStart();
+    m_program.reset(); // killed
+    QCOMPARE(Files().filter(".lock"), QStringList("TavrinWeatherUtility.lock"));
+    QVERIFY(QFile::remove(Path("trace.txt")));
+    Write(Path("Weather.ini.TavrinWeather-1a2b.tmp"), "half");
+    Write(Path("Weather3.ini.TavrinWeather-1a2b.tmp"), "another session's");
+    Write(Path("Weather.ini.backup"), "somebody's");
+
+    Start();
+    WaitForStart();
+
+    QCOMPARE(Files().filter("Weather").filter(".ini."),
+             QStringList({"Weather.ini.backup", "Weather3.ini.TavrinWeather-1a2b.tmp"}));
+    EndProgram();
 }
 
 QTEST_GUILESS_MAIN(tst_end_to_end)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/frm_main.h"
+#include "support/fake_panel_icon.h"
 #include "support/fake_transfers.h"
 #include "support/fixed_clock.h"
 
@@ -20,11 +21,7 @@ public:
     /// Makes the window and brings it up.
     std::optional<QString> Start(const QString &command = {})
     {
-        window = std::make_unique<frmMain>(
-            state, platform, [this](QWidget *, const QString &title, const QString &text) {
-                questions.append(title + ": " + text);
-                return answer;
-            });
+        window = std::make_unique<frmMain>(state, platform, ask);
         return window->Form_Load(command);
     }
 
@@ -86,10 +83,15 @@ public:
 
     FixedClock clock{QDateTime(QDate(2026, 7, 4), QTime(10, 0))};
     FakeTransfers http;
+    FakePanelIcon panelIcon;
     ProgramState state;
-    Platform platform{clock, http};
+    Platform platform{clock, http, panelIcon};
     QStringList questions;
     bool answer = true;
+    YesNoQuestion ask = [this](QWidget *, const QString &title, const QString &text) {
+        questions.append(title + ": " + text);
+        return answer;
+    };
     std::unique_ptr<frmMain> window;
 
 private:

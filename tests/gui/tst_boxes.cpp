@@ -4,6 +4,7 @@
 #include "app/value_box.h"
 #include "controls/control.h"
 #include "controls/elided_label.h"
+#include "controls/tool_tip.h"
 #include "weather/weather_data.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 
 #include <csignal>
@@ -53,6 +55,7 @@ private Q_SLOTS:
     void longLinesAreBroken();
     void elidedLabelKeepsItsSize();
     void toolTipShowsMarkupLiterally();
+    void toolTipBreaksLongLines();
     void focusWatchReportsUntouchedText();
     void questionIsAnsweredByYesOnly_data();
     void questionIsAnsweredByYesOnly();
@@ -168,7 +171,26 @@ void tst_Boxes::elidedLabelKeepsItsSize()
 
 void tst_Boxes::toolTipShowsMarkupLiterally()
 {
-    QCOMPARE(PlainToolTip("<b>5 & 6"), "<p>&lt;b&gt;5 &amp; 6</p>");
+    QTextDocument shown;
+    shown.setHtml(PlainToolTip("<b>5 & 6\n&amp; 7"));
+
+    QCOMPARE(shown.toPlainText(), "<b>5 & 6\n&amp; 7");
+}
+
+void tst_Boxes::toolTipBreaksLongLines()
+{
+    const auto shown = [](const QString &text) {
+        QTextDocument document;
+        document.setHtml(PlainToolTip(text));
+        return document.toPlainText();
+    };
+    const QString sixty(60, 'x');
+
+    QCOMPARE(shown(sixty), sixty);
+    QCOMPARE(shown(sixty + " y"), sixty + "\ny");
+    QCOMPARE(shown("a " + sixty + " b\nc"), "a\n" + sixty + "\nb\nc");
+    QCOMPARE(shown(sixty + sixty + "y"), sixty + '\n' + sixty + "\ny");
+    QCOMPARE(shown(QString(5000, 'x')).remove('\n').size(), 1000); // it has to fit on a screen
 }
 
 void tst_Boxes::focusWatchReportsUntouchedText()

@@ -7,9 +7,9 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QTest>
 
-#include "gui/layout_fault.h"
 #include "gui/main_window.h"
 
 namespace {
@@ -103,13 +103,15 @@ private Q_SLOTS:
     void raisesThePressedTab();
     void movesTheFocusOutOfTheWay();
     void keepsItsFocusBoxEmpty();
+    void emptiesItsFocusBoxWhenItIsLeft();
+    void pressesButtonsByEnterAndSpace_data();
+    void pressesButtonsByEnterAndSpace();
+    void coversEverythingWithTheRawFrame();
     void correctsThePortWhenItIsLeft();
     void endsWithTheFocusInThePortBox();
     void takesTheStartUpOptionAtOnce();
     void describesControlsByNameOnRequest();
     void reachesEveryControlByTheTabKey();
-    void fitsItsWindow_data();
-    void fitsItsWindow();
 
 private:
     [[nodiscard]] QPushButton *Tab(int index) const
@@ -242,6 +244,53 @@ void tst_Pages::keepsItsFocusBoxEmpty()
     QCOMPARE(box->text(), "");
 }
 
+void tst_Pages::emptiesItsFocusBoxWhenItIsLeft()
+{
+    QApplication::setActiveWindow(m->window.get());
+    auto *box = m->Find<QLineEdit>("txtFocus");
+    box->setFocus();
+    {
+        const QSignalBlocker silent(box);
+        box->setText("kept");
+    }
+
+    m->Find("btnGetWeather")->setFocus();
+
+    QCOMPARE(box->text(), "");
+}
+
+void tst_Pages::pressesButtonsByEnterAndSpace_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter") << int(Qt::Key_Enter);
+    QTest::newRow("Space") << int(Qt::Key_Space);
+}
+
+void tst_Pages::pressesButtonsByEnterAndSpace()
+{
+    QFETCH(int, key);
+
+    QTest::keyClick(m->Find("btnWeatherSettings"), Qt::Key(key));
+    QVERIFY(m->IsShown("frmWeatherSettings"));
+    QTest::keyClick(Tab(2), Qt::Key(key));
+    QVERIFY(m->IsShown("frmPage2"));
+}
+
+void tst_Pages::coversEverythingWithTheRawFrame()
+{
+    m->window->cmdPage_Click(1);
+    m->window->cmdPage_Click(0);
+    m->window->btnShowRaw_Click();
+
+    const QWidget *raw = m->Find("frmWeatherRaw");
+    for (const QPoint place : {QPoint(1, 1), QPoint(363, 1), QPoint(1, 458), QPoint(363, 458),
+                               QPoint(60, 15), QPoint(180, 230)}) {
+        const QWidget *there = m->window->childAt(place);
+        QVERIFY(there == raw || raw->isAncestorOf(there));
+    }
+}
+
 void tst_Pages::correctsThePortWhenItIsLeft()
 {
     m->window->cmdPage_Click(2);
@@ -305,47 +354,11 @@ void tst_Pages::reachesEveryControlByTheTabKey()
         stops.append(m->window->focusWidget()->objectName());
     }
 
-    const QStringList first{"cmdPage1",           "cmdPage2",   "btnGetWeather",
-                            "btnWeatherSettings", "btnShowRaw", "txtLocation"};
-    QCOMPARE(stops.first(6), first);
-    QCOMPARE(stops.at(19), "txtPrevMinTemp");
-    QCOMPARE(stops.at(20), "txtPrevMaxTemp");
+    QCOMPARE(stops.first(4), (QStringList{"cmdPage1", "cmdPage2", "txtLocation", "txtTime"}));
+    QCOMPARE(stops.at(17), "txtPrevMaxTemp");
+    QCOMPARE(stops.sliced(18, 3),
+             (QStringList{"btnGetWeather", "btnWeatherSettings", "btnShowRaw"}));
     QCOMPARE(stops.at(21), "cmdPage1"); // once round, and never to the empty box
-}
-
-void tst_Pages::fitsItsWindow_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::newRow("usual font") << 1.0;
-    QTest::newRow("larger font") << 1.2;
-}
-
-void tst_Pages::fitsItsWindow()
-{
-    QFETCH(double, scale);
-    const QFont usual = QApplication::font();
-    QFont font = usual;
-    font.setPointSizeF(usual.pointSizeF() * scale);
-    QApplication::setFont(font);
-    QVERIFY(!m->Start());
-    m->Find<QComboBox>("cboSelectedProfile")->setCurrentIndex(1);
-
-    QStringList faults;
-    for (int page = 0; page < 3; ++page) {
-        m->window->cmdPage_Click(page);
-        QCoreApplication::processEvents(); // lets the layouts settle
-        faults.append(LayoutFault(m->Find("frmPage" + QString::number(page))));
-    }
-    m->window->cmdPage_Click(0);
-    m->window->btnWeatherSettings_Click();
-    QCoreApplication::processEvents();
-    faults.append(LayoutFault(m->Find("frmWeatherSettings")));
-    m->window->btnShowRaw_Click();
-    QCoreApplication::processEvents();
-    faults.append(LayoutFault(m->Find("frmWeatherRaw")));
-    QApplication::setFont(usual);
-
-    QCOMPARE(faults, QStringList(5));
 }
 
 QTEST_MAIN(tst_Pages)

@@ -1,11 +1,13 @@
 #include "app/profile_list.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "gui/main_window.h"
 
@@ -59,6 +61,12 @@ private Q_SLOTS:
     void reloadsAnEmptiedProfile();
     void opensAndClosesItsFrame();
     void keepsTheTabKeyInTheFrameInFront();
+    void ignoresTheWheelWhileItIsClosed();
+    void scrollsByTheWheelWhileItIsOpen();
+    void opensByKeys();
+    void cutsALongTitleInPaintingOnly();
+    void closesItsFrameByEscape();
+    void keepsMnemonicsOfCoveredControlsStill();
 
 private:
     [[nodiscard]] ProfileList *List() const { return m->Find<ProfileList>("cboSelectedProfile"); }
@@ -318,6 +326,120 @@ void tst_ProfileSettings::keepsTheTabKeyInTheFrameInFront()
 
     QCOMPARE(stops, (QStringList{"cboSelectedProfile", "txtLocation1", "txtProfileDescription",
                                  "btnWeatherDone", "cboSelectedProfile"}));
+}
+
+namespace {
+
+void TurnWheel(QWidget *control)
+{
+    const QPointF place(5, 5);
+    QWheelEvent event(place, control->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(control, &event);
+}
+
+} // namespace
+
+void tst_ProfileSettings::ignoresTheWheelWhileItIsClosed()
+{
+    m->window->btnWeatherSettings_Click();
+    m->state.minMax = {60, 70, 50, 80, 4};
+    List()->setFocus();
+    const QSignalSpy clicks(List(), &ProfileList::Click);
+
+    for (int notch = 0; notch < 5; ++notch)
+        TurnWheel(List());
+
+    QCOMPARE(List()->currentIndex(), 0);
+    QCOMPARE(clicks.count(), 0);
+    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
+    QCOMPARE(m->state.minMax.TodayMaxTemp, 70.0);
+}
+
+void tst_ProfileSettings::scrollsByTheWheelWhileItIsOpen()
+{
+    m->window->btnWeatherSettings_Click();
+    List()->showPopup();
+    List()->view()->verticalScrollBar()->setRange(0, 1000); // as on a low screen
+    m->Type("txtLocation1", "typed");
+
+    TurnWheel(List()->view()->viewport());
+
+    QVERIFY(List()->view()->verticalScrollBar()->value() > 0);
+    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown anew
+    QCOMPARE(List()->currentIndex(), 0);
+    List()->hidePopup();
+}
+
+void tst_ProfileSettings::opensByKeys()
+{
+    m->window->btnWeatherSettings_Click();
+
+    QApplication::setActiveWindow(m->window.get());
+    List()->setFocus();
+
+    QTest::keyClick(List(), Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(List()->view()->isVisible());
+    List()->view()->setFocus();
+    QTest::keyClick(List()->view(), Qt::Key_Escape);
+
+    QVERIFY(!List()->view()->isVisible());
+    QVERIFY(m->IsShown("frmWeatherSettings")); // the key has closed the list alone
+}
+
+void tst_ProfileSettings::cutsALongTitleInPaintingOnly()
+{
+    const QString title(200, 'w');
+    m->Write("TavrinWeatherProfiles.ini", "[Profile0]\r\ntitle=" + title.toLatin1() + "\r\n");
+    QVERIFY(!m->Restart());
+    m->window->btnWeatherSettings_Click();
+
+    QCOMPARE(List()->currentText(), title);
+    QVERIFY(!List()->IsShownWhole());
+    QCOMPARE(List()->ToolTipText(), title + '\n' + List()->toolTip());
+    QVERIFY(List()->width() < m->window->width());
+}
+
+void tst_ProfileSettings::closesItsFrameByEscape()
+{
+    QApplication::setActiveWindow(m->window.get());
+    m->window->btnWeatherSettings_Click();
+    QTest::keyClick(m->window->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!m->IsShown("frmWeatherSettings"));
+
+    m->window->btnShowRaw_Click();
+    QTest::keyClick(m->window->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!m->IsShown("frmWeatherRaw"));
+
+    QTest::keyClick(m->window->focusWidget(), Qt::Key_Escape); // closes nothing else
+    QVERIFY(m->window->isVisible());
+}
+
+void tst_ProfileSettings::keepsMnemonicsOfCoveredControlsStill()
+{
+    QApplication::setActiveWindow(m->window.get());
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(m->window.get(), key, Qt::AltModifier);
+    };
+    press(Qt::Key_W); // "Weather Settings"; the toolkit shows a pressed button for a moment
+    QTRY_VERIFY(m->IsShown("frmWeatherSettings"));
+    press(Qt::Key_R); // "Show Raw Received Data" lies under it
+    press(Qt::Key_F); // "Forecast" does not
+    QTRY_VERIFY(m->IsShown("frmPage1"));
+    QVERIFY(!m->IsShown("frmWeatherRaw"));
+    press(Qt::Key_C);
+    QTRY_VERIFY(m->IsShown("frmPage0"));
+    press(Qt::Key_D); // "Done"
+    QTRY_VERIFY(!m->IsShown("frmWeatherSettings"));
+
+    press(Qt::Key_R);
+    QTRY_VERIFY(m->IsShown("frmWeatherRaw"));
+    press(Qt::Key_F); // lies under it now
+    press(Qt::Key_D);
+    QTRY_VERIFY(!m->IsShown("frmWeatherRaw"));
+    QVERIFY(m->IsShown("frmPage0"));
+    press(Qt::Key_F);
+    QTRY_VERIFY(m->IsShown("frmPage1"));
 }
 
 QTEST_MAIN(tst_ProfileSettings)

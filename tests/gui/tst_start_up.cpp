@@ -74,6 +74,10 @@ void tst_StartUp::tracesItsSteps()
         "Form_Load Point 8",
         "Form_Load Point 9",
         "Form_Load Point 10",
+        "Form_Resize WindowState = 1IsMinimizedToTray = False", // minimised, and there is no tray
+        "Form_Resize WindowState = 1IsMinimizedToTray = False",
+        "Form_Resize WindowState = 1IsMinimizedToTray = False", // shown for the first time
+        "Form_Resize WindowState = 1IsMinimizedToTray = False",
     };
     QCOMPARE(trace.lines, expected);
 }

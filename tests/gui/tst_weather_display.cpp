@@ -1,6 +1,9 @@
+#include "app/long_text_box.h"
 #include "support/recorded_trace.h"
 
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "gui/main_window.h"
@@ -26,6 +29,7 @@ private Q_SLOTS:
     void showsThePreviousDaysExtremes();
     void writesTheWholeOfALongValue();
     void keepsTheReplyForTheRawBox();
+    void opensAndScrollsAReplyOfAMegabyte();
 
 private:
     void Receive(const QString &reply);
@@ -232,6 +236,30 @@ void tst_WeatherDisplay::keepsTheReplyForTheRawBox()
     QCOMPARE(shown, "<now>\n     1</now>");
     QTest::mouseClick(raw->findChild<QPushButton *>("btnWeatherDone"), Qt::LeftButton);
     QVERIFY(raw->isHidden());
+}
+
+void tst_WeatherDisplay::opensAndScrollsAReplyOfAMegabyte()
+{
+    const QString line = "<station>Salem</station>";
+    QString reply;
+    while (reply.size() < 1024 * 1024)
+        reply += line + '\n';
+    RequestAndReceive(reply);
+    auto *box = m->Find<QPlainTextEdit>("txtWeatherInfo");
+
+    QTest::mouseClick(m->Find("btnShowRaw"), Qt::LeftButton);
+
+    // Its beginning is there at once, and no more than can be laid out in no time.
+    const qsizetype first = box->toPlainText().size();
+    QVERIFY(first > 0);
+    QVERIFY(first <= LongTextBox::kPiece);
+    QVERIFY(box->verticalScrollBar()->maximum() > 0);
+    QTRY_COMPARE(box->toPlainText().size(), reply.size());
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_End);
+    QCOMPARE(box->verticalScrollBar()->value(), box->verticalScrollBar()->maximum());
+    QTest::keyClick(box, Qt::Key_PageUp);
+    QVERIFY(box->verticalScrollBar()->value() < box->verticalScrollBar()->maximum());
 }
 
 QTEST_MAIN(tst_WeatherDisplay)

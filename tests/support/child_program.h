@@ -6,7 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <sys/prctl.h>
+
 #include <chrono>
+#include <csignal>
 
 /// A program of ours that a test started. It never outlives the test.
 class ChildProgram
@@ -17,7 +20,10 @@ public:
         const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
     {
         m_process.setProcessEnvironment(environment);
+        // Also when the test is killed, by a time-out for example.
+        m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
         m_process.start(program, arguments);
+        m_processId = m_process.processId();
     }
     ~ChildProgram()
     {
@@ -36,8 +42,21 @@ public:
         return QString::fromUtf8(m_process.readLine()).trimmed();
     }
 
+    /// Also after its end; 0 when it could not be started.
+    [[nodiscard]] qint64 ProcessId() const { return m_processId; }
+
+    /// False once it has ended, or if it could not be started. Looks at the process itself, so that
+    /// the answer holds without an event loop.
+    [[nodiscard]] bool IsRunning()
+    {
+        return m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(0);
+    }
+
     /// Asks the program to end, as the system does.
     void Terminate() { m_process.terminate(); }
+
+    /// Ends it without asking.
+    void Kill() { m_process.kill(); }
 
     /// Waits for the program's end.
     /// @return its exit code; -1 when it did not end or crashed.
@@ -56,4 +75,5 @@ private:
     static constexpr std::chrono::milliseconds kPatience{20'000};
 
     QProcess m_process;
+    qint64 m_processId = 0;
 };

@@ -1,0 +1,88 @@
+#include "app/help_texts.h"
+
+#include "controls/tool_tip.h"
+
+#include <QLabel>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct HelpText
+{
+    QStringView names = {}; ///< A pattern of object names.
+    QStringView text = {};
+};
+
+constexpr HelpText kHelpTexts[] = {
+    {u"lblStatus", u"What the program did last."},
+    {u"lblNextWeatherCheck",
+     u"Time to the next weather request, in hours, minutes and seconds. It stands still while a "
+     "location is missing."},
+    {u"btnGetWeather", u"Asks the weather service now and starts the countdown anew."},
+    {u"btnWeatherSettings", u"Choose the weather service and its place."},
+    {u"btnShowRaw", u"Shows the last reply of the weather service as it came in."},
+
+    {u"cboSelectedProfile", u"The weather service that is asked. With another one the lowest and "
+                            "highest temperatures of today begin anew."},
+    {u"txtLocation[1-4]", u"Goes into the request; the description below says what to enter."},
+    {u"txtProfileDescription", u"What the profile says of its service and of its places."},
+    {u"txtWeatherInfo", u"The last reply of the weather service, with five blanks for a tab."},
+    {u"btnWeatherDone", u"Back to the page."},
+
+    {u"txtZoneCode",
+     u"Forecast zone of the U.S. National Weather Service: six characters such as MDZ011."},
+    {u"txtStateCode", u"The state's postal code: two letters such as MD."},
+    {u"btnSelectNOAAZone", u"Lists the zones of a state and finds a town among them."},
+    {u"txtForecast", u"The last forecast, as it stands in the output file."},
+    {u"lblNextForecastCheck", u"Time to the next forecast request, in hours, minutes and seconds."},
+    {u"btnGetForecast", u"Asks for the forecast now."},
+
+    {u"txtHTTPPort",
+     u"Port number of all requests, 1 to 65535. With 80 each service is asked at its usual port."},
+    {u"chkForecastTime[0-3]", u"Counted down to on the page \"Forecast\"."},
+    {u"optCheckInterval[0-3]", u"Time between two weather requests, from the next one on."},
+    {u"chkMinimizeOnStartup", u"Starts the program out of the way, from the next start on."},
+    {u"lblFolderProblem", u"Neither settings nor output files can be kept there."},
+};
+
+/// The unit in a units text: what is left of it without a token such as "%MIN%".
+QString UnitIn(QStringView units)
+{
+    QString unit = units.toString();
+    const qsizetype token = unit.indexOf(u'%');
+    const qsizetype end = token < 0 ? -1 : unit.indexOf(u'%', token + 1);
+    if (end > token)
+        unit.remove(token, end + 1 - token);
+    return unit.simplified();
+}
+
+} // namespace
+
+QString ValueHelp(const ValueBoxField &field, const WeatherProfile &profile)
+{
+    QString text = field.meaning.toString();
+    const QString &units = profile[field.quantity].Units;
+    if (units == "?"_L1)
+        return text + u"\nThe service of this profile does not deliver it."_s;
+    if (!field.hasUnit)
+        return text;
+    const QString unit = UnitIn(units);
+    if (unit.isEmpty())
+        return text + u"\nUnit: as the service writes it."_s;
+    return text + u"\nUnit: "_s + unit;
+}
+
+void GiveHelp(const QWidget &window)
+{
+    for (const auto &[names, text] : kHelpTexts) {
+        const QRegularExpression pattern(QRegularExpression::anchoredPattern(names));
+        for (QWidget *control : window.findChildren<QWidget *>(pattern))
+            SetHelp(control, text.toString());
+    }
+    for (QLabel *title : window.findChildren<QLabel *>()) {
+        if (title->buddy() != nullptr && !title->buddy()->toolTip().isEmpty())
+            SetHelp(title, title->buddy()->toolTip());
+    }
+}

@@ -1,0 +1,69 @@
+#include "app/start_up.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace {
+
+constexpr std::array kVariables{"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
+
+/// The three variables as a test sets them; empty: not set. Puts the real ones back.
+class PreferX11Test : public testing::Test
+{
+public:
+    PreferX11Test()
+    {
+        for (size_t i = 0; i < kVariables.size(); ++i)
+            m_before[i] = qgetenv(kVariables[i]);
+    }
+
+    ~PreferX11Test() override { Set(m_before); }
+    Q_DISABLE_COPY_MOVE(PreferX11Test)
+
+protected:
+    /// What the toolkit is asked for.
+    static QByteArray Platform(const QByteArray &chosen, const QByteArray &wayland,
+                               const QByteArray &x11)
+    {
+        Set({chosen, wayland, x11});
+        PreferX11();
+        return qgetenv("QT_QPA_PLATFORM");
+    }
+
+private:
+    static void Set(const std::array<QByteArray, 3> &values)
+    {
+        for (size_t i = 0; i < kVariables.size(); ++i) {
+            if (values[i].isEmpty())
+                qunsetenv(kVariables[i]);
+            else
+                qputenv(kVariables[i], values[i]);
+        }
+    }
+
+    std::array<QByteArray, 3> m_before;
+};
+
+TEST_F(PreferX11Test, TriesX11FirstWhereBothAreThere)
+{
+    EXPECT_EQ(Platform("", "wayland-0", ":0"), "xcb;wayland");
+}
+
+TEST_F(PreferX11Test, LeavesADesktopWithOneOfThemAlone)
+{
+    EXPECT_EQ(Platform("", "wayland-0", ""), "");
+    EXPECT_EQ(Platform("", "", ":0"), "");
+    EXPECT_EQ(Platform("", "", ""), "");
+}
+
+TEST_F(PreferX11Test, LeavesTheUsersChoiceAlone)
+{
+    EXPECT_EQ(Platform("wayland", "wayland-0", ":0"), "wayland");
+    EXPECT_EQ(Platform("offscreen", "wayland-0", ":0"), "offscreen");
+}
+
+} // namespace
