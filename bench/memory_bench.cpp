@@ -8,8 +8,8 @@
 #include "app/frm_main.h"
 #include "core/clock.h"
 #include "net/curl_transfers.h"
-#include "support/fake_panel_icon.h"
 #include "support/loopback_server.h"
+#include "tray/panel_icon.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -34,6 +34,30 @@ namespace {
 
 constexpr auto kLongest = std::chrono::seconds(30);
 constexpr auto kIdle = std::chrono::seconds(2);
+
+/// A panel that takes each picture in two sizes, as one on a screen of twice the resolution does.
+class TakingPanelIcon final : public PanelIcon
+{
+public:
+    [[nodiscard]] bool IsShown() const override { return true; }
+    void Add(const QIcon &icon, const QString & /*tip*/) override { Take(icon); }
+    [[nodiscard]] bool Modify(const QIcon &icon) override
+    {
+        Take(icon);
+        return true;
+    }
+    void Remove() override {}
+
+private:
+    void Take(const QIcon &icon)
+    {
+        m_small = icon.pixmap(QSize(24, 24), 1);
+        m_large = icon.pixmap(QSize(24, 24), 2);
+    }
+
+    QPixmap m_small;
+    QPixmap m_large;
+};
 
 /// Resident memory of this process in KiB; 0 when the system does not tell.
 long ResidentKiB()
@@ -88,7 +112,7 @@ int RunProgram(const QString &url)
     const SystemClock clock;
     ProgramState state;
     state.files.folder = folder.path();
-    FakePanelIcon panelIcon;
+    TakingPanelIcon panelIcon;
     frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
     if (window.Form_Load({}))
         return 1;
@@ -148,7 +172,7 @@ QStringList CountControls()
     CurlTransfers http;
     const SystemClock clock;
     ProgramState state;
-    FakePanelIcon panelIcon;
+    TakingPanelIcon panelIcon;
     const frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
     QStringList counts;
     const auto add = [&](auto *kind) {

@@ -41,7 +41,7 @@ frmMainTray::frmMainTray(ProgramState &state, PanelIcon &panelIcon)
     tmrPanelGone.setObjectName(u"tmrPanelGone"_s);
     tmrPanelGone.setSingleShot(true);
     tmrPanelGone.setInterval(kPatienceWithoutPanel);
-    connect(&tmrIconUpdate, &QTimer::timeout, this, &frmMainTray::tmrIconUpdate_Timer);
+    connect(&tmrIconUpdate, &QTimer::timeout, this, &frmMainTray::TakeTicks);
     connect(&tmrPanelGone, &QTimer::timeout, this, &frmMainTray::tmrPanelGone_Timer);
     connect(&m_panelIcon, &PanelIcon::Clicked, this, &frmMainTray::TakeClick);
     connect(&m_panelIcon, &PanelIcon::PanelWent, &tmrPanelGone, qOverload<>(&QTimer::start));
@@ -51,7 +51,7 @@ frmMainTray::frmMainTray(ProgramState &state, PanelIcon &panelIcon)
 void frmMainTray::LoadTray()
 {
     m_minimizeToTray.AddTrayIcon();
-    tmrIconUpdate.start(kIconUpdateInterval);
+    WaitForTicks(1);
 }
 
 void frmMainTray::UnloadTray()
@@ -66,6 +66,8 @@ void frmMainTray::UnloadTray()
 void frmMainTray::StartIconAnimation()
 {
     m_minimizeToTray.StartIconAnimation();
+    if (m_ticks > 1 && tmrIconUpdate.isActive())
+        WaitForTicks(1);
 }
 
 void frmMainTray::StartMinimized()
@@ -110,6 +112,21 @@ void frmMainTray::RenewHiddenWindow()
         return;
     destroy(true, false); // windows that belong to it stay
     overrideWindowState(Qt::WindowNoState);
+}
+
+// Most of the time the icon rests. To wake up ten times a second for that would be most of what
+// the idle program costs.
+void frmMainTray::TakeTicks()
+{
+    for (int i = 0; i < m_ticks; ++i)
+        tmrIconUpdate_Timer();
+    WaitForTicks(1 + QuietTicks(m_tray));
+}
+
+void frmMainTray::WaitForTicks(int ticks)
+{
+    m_ticks = ticks;
+    tmrIconUpdate.start(ticks * kIconUpdateInterval);
 }
 
 void frmMainTray::tmrIconUpdate_Timer()

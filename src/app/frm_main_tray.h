@@ -47,6 +47,8 @@ private:
     [[nodiscard]] WindowState State() const;
     void TraceResize() const;
     void TakeClick(Qt::MouseButton button);
+    void TakeTicks();
+    void WaitForTicks(int ticks);
     void RenewHiddenWindow();
     void BringDialogsBack();
 
@@ -57,6 +59,8 @@ private:
 
     bool m_beginsMinimized = false; ///< The window manager was told so of this very window.
 
-    QTimer tmrIconUpdate; ///< 100 ms: moves the icon.
+    int m_ticks = 1; ///< How many ticks tmrIconUpdate stands for this time.
+
+    QTimer tmrIconUpdate; ///< A tick of 100 ms moves the icon; those that do not are slept through.
     QTimer tmrPanelGone;  ///< 10 s, once: how long a hidden window waits for another panel.
 };

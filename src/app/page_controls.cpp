@@ -1,5 +1,6 @@
 #include "app/page_controls.h"
 
+#include "app/focus_box.h"
 #include "app/help_texts.h"
 #include "app/long_text_box.h"
 #include "app/page_grid.h"
@@ -62,7 +63,7 @@ void PageControls::BuildTabs(QWidget *window)
     constexpr std::array<QStringView, 3> kTitles{u"Current Weather Conditions", u"Forecast",
                                                  u"Program Settings"};
 
-    txtFocus = MakeControl<QLineEdit>(window, u"txtFocus"_s);
+    txtFocus = MakeControl<FocusBox>(window, u"txtFocus"_s);
     txtFocus->setGeometry(kOutOfSight);
     txtFocus->setFocusPolicy(Qt::ClickFocus); // no stop of the Tab key
     txtFocus->setAccessibleName(u"No control"_s);

@@ -52,8 +52,11 @@ QSize ElidedLabel::minimumSizeHint() const
 
 TextWidth ElidedLabel::Width() const
 {
-    return
-        [metrics = fontMetrics()](const QString &text) { return metrics.horizontalAdvance(text); };
+    // A single character is looked up, a text is shaped: and the digits are asked for one by one.
+    return [metrics = fontMetrics()](const QString &text) {
+        return text.size() == 1 ? metrics.horizontalAdvance(text.front())
+                                : metrics.horizontalAdvance(text);
+    };
 }
 
 QString ElidedLabel::ShownText() const

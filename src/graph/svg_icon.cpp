@@ -2,9 +2,13 @@
 
 #include "core/trace.h"
 
+#include <QHash>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
+
+#include <algorithm>
 
 namespace {
 
@@ -22,28 +26,69 @@ void DrawDisc(QPainter &painter, const QRectF &area)
     painter.drawEllipse(area.adjusted(margin, margin, -margin, -margin));
 }
 
-QPixmap Rendered(QSvgRenderer &drawing, int size)
+QPixmap Rendered(const QString &fileName, int size)
 {
+    QSvgRenderer drawing(fileName);
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     const QRectF area(0, 0, size, size);
-    if (drawing.isValid())
+    if (drawing.isValid()) {
         drawing.render(&painter, area);
-    else
+    } else {
+        Trace(u"Unable to read icon ", fileName);
         DrawDisc(painter, area);
+    }
     return pixmap;
 }
+
+/// Renders a drawing when it is first asked for in a size, and keeps that picture.
+class SvgIconEngine final : public QIconEngine
+{
+public:
+    explicit SvgIconEngine(QString fileName) : m_fileName(std::move(fileName)) {}
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        const int edge = std::max(1, std::min(size.width(), size.height()));
+        QPixmap &picture = m_pictures[edge];
+        if (picture.isNull())
+            picture = Rendered(m_fileName, edge);
+        return picture;
+    }
+
+    QSize actualSize(const QSize &size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        const int edge = std::min(size.width(), size.height());
+        return {edge, edge};
+    }
+
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        QList<QSize> sizes;
+        for (const int edge : kIconSizes)
+            sizes.append({edge, edge});
+        return sizes;
+    }
+
+    void paint(QPainter *painter, const QRect &area, QIcon::Mode mode, QIcon::State state) override
+    {
+        const QSize size = area.size() * painter->device()->devicePixelRatio();
+        painter->drawPixmap(area, pixmap(size, mode, state));
+    }
+
+    bool isNull() override { return false; }
+
+    [[nodiscard]] QIconEngine *clone() const override { return new SvgIconEngine(m_fileName); }
+
+private:
+    QString m_fileName;
+    QHash<int, QPixmap> m_pictures; ///< By edge length in pixels.
+};
 
 } // namespace
 
 QIcon IconFromSvg(const QString &fileName)
 {
-    QSvgRenderer drawing(fileName);
-    if (!drawing.isValid())
-        Trace(u"Unable to read icon ", fileName);
-    QIcon icon;
-    for (const int size : kIconSizes)
-        icon.addPixmap(Rendered(drawing, size));
-    return icon;
+    return QIcon(new SvgIconEngine(fileName)); // owned by the icon
 }

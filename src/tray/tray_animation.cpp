@@ -26,6 +26,12 @@ void EndTick(TrayState &state)
     ++state.TrayFrame;
 }
 
+int QuietTicks(const TrayState &state)
+{
+    const bool rests = state.TrayFrame >= kTrayImages && state.TrayFrame <= kLastFrame;
+    return rests ? kLastFrame + 1 - state.TrayFrame : 0;
+}
+
 void StartIconAnimation(TrayState &state)
 {
     if (state.TrayAnimating && state.TrayFrame == 0)

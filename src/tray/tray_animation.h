@@ -49,6 +49,9 @@ struct TrayState
 /// could not be shown has no second half.
 void EndTick(TrayState &state);
 
+/// How many ticks from the next one on change nothing: the rest of a cycle's 45, or 0.
+[[nodiscard]] int QuietTicks(const TrayState &state);
+
 /// Lets the activity set begin, unless it is at its very beginning anyway.
 void StartIconAnimation(TrayState &state);
 

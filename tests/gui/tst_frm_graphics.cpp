@@ -18,6 +18,7 @@ private Q_SLOTS:
     void flagIsSetFromLoadToUnload();
     void formIsHidden();
     void everyFrameComesInAllSizes();
+    void picturesAreDrawnOnceInEachSize();
     void framesAreSharpDrawings();
     void idleFramesMove();
     void idleCycleBeginsAsItRests();
@@ -97,13 +98,33 @@ void tst_frmGraphics::everyFrameComesInAllSizes()
 {
     bool loaded = false;
     const frmGraphics form(loaded);
-    const QList<QSize> expected = {{16, 16}, {22, 22}, {24, 24}, {32, 32},
-                                   {48, 48}, {64, 64}, {96, 96}};
+    const QList<QSize> expected = {{16, 16}, {22, 22}, {24, 24}, {32, 32}, {48, 48}};
 
     for (int i = 0; i < kFrames; ++i) {
         QCOMPARE(form.taskBarIcon[size_t(i)].availableSizes(), expected);
         QCOMPARE(form.taskBarActiveIcon[size_t(i)].availableSizes(), expected);
     }
+}
+
+void tst_frmGraphics::picturesAreDrawnOnceInEachSize()
+{
+    bool loaded = false;
+    const frmGraphics form(loaded);
+    const QIcon &icon = form.taskBarIcon[kRestingFrame];
+
+    for (const int size : {16, 20, 48, 96}) { // also those that nobody is offered
+        const QPixmap picture = icon.pixmap(QSize(size, size), 1);
+        QCOMPARE(picture.size(), QSize(size, size));
+        QCOMPARE(icon.pixmap(QSize(size, size), 1).cacheKey(), picture.cacheKey());
+    }
+
+    const QPixmap sharp = icon.pixmap(QSize(24, 24), 2);
+    QCOMPARE(sharp.size(), QSize(48, 48));
+    QCOMPARE(sharp.toImage(), [&] {
+        QPixmap same = icon.pixmap(QSize(48, 48), 1);
+        same.setDevicePixelRatio(2);
+        return same.toImage();
+    }());
 }
 
 void tst_frmGraphics::framesAreSharpDrawings()

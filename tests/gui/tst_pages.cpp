@@ -1,5 +1,6 @@
 #include "controls/control.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,6 +10,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTest>
+
+#include <algorithm>
 
 #include "gui/main_window.h"
 
@@ -84,6 +87,16 @@ const QStringList kControls{"btnGetForecast",
                             "txtWindSpeedDir",
                             "txtZoneCode"};
 
+/// Whether a timer runs for the box or one of its parts.
+bool HasTimers(QWidget *box)
+{
+    QObjectList objects = box->findChildren<QObject *>();
+    objects.append(box);
+    return std::any_of(objects.begin(), objects.end(), [](QObject *object) {
+        return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();
+    });
+}
+
 } // namespace
 
 /// The pages and their controls.
@@ -103,6 +116,7 @@ private Q_SLOTS:
     void raisesThePressedTab();
     void movesTheFocusOutOfTheWay();
     void keepsItsFocusBoxEmpty();
+    void hasNoCursorBlinkOutOfSight();
     void emptiesItsFocusBoxWhenItIsLeft();
     void pressesButtonsByEnterAndSpace_data();
     void pressesButtonsByEnterAndSpace();
@@ -242,6 +256,19 @@ void tst_Pages::keepsItsFocusBoxEmpty()
     QTest::keyClicks(box, "typed");
 
     QCOMPARE(box->text(), "");
+}
+
+void tst_Pages::hasNoCursorBlinkOutOfSight()
+{
+    QApplication::setActiveWindow(m->window.get());
+    m->window->cmdPage_Click(2);
+
+    m->Find("txtHTTPPort")->setFocus();
+    QVERIFY(HasTimers(m->Find("txtHTTPPort"))); // here somebody looks
+
+    m->Find("txtFocus")->setFocus();
+    QVERIFY(!HasTimers(m->Find("txtHTTPPort")));
+    QVERIFY(!HasTimers(m->Find("txtFocus")));
 }
 
 void tst_Pages::emptiesItsFocusBoxWhenItIsLeft()

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void loadsItsImagesOnce();
     void stepsEveryTenthOfASecond();
     void playsTheIdleSetAndRests();
+    void sleepsWhileItRests();
+    void wakesForTheActivitySet();
     void tellsThePanelOfAnotherPictureOnly();
     void playsTheActivitySetOnce();
     void playsTheActivitySetWhenARequestStarts();
@@ -59,6 +61,15 @@ private:
     {
         for (int i = 0; i < count; ++i)
             m->window->tmrIconUpdate_Timer();
+    }
+
+    [[nodiscard]] QTimer *Timer() const { return m->window->findChild<QTimer *>("tmrIconUpdate"); }
+
+    /// As if the timer's interval were over, so many times.
+    void LetTimePass(int times = 1) const
+    {
+        for (int i = 0; i < times; ++i)
+            QVERIFY(QMetaObject::invokeMethod(Timer(), "timeout"));
     }
 
     /// Which image the panel shows: "idle 3", "active 10", or nothing known.
@@ -131,7 +142,7 @@ void tst_TrayIcon::stepsEveryTenthOfASecond()
 {
     QVERIFY(!m->Start());
 
-    QCOMPARE(m->window->findChild<QTimer *>("tmrIconUpdate")->interval(), 100);
+    QCOMPARE(Timer()->interval(), 100);
     QTRY_VERIFY_WITH_TIMEOUT(m->state.tray.TrayFrame >= 3, 5000);
 }
 
@@ -141,6 +152,36 @@ void tst_TrayIcon::playsTheIdleSetAndRests()
 
     QCOMPARE(ShownByTicks(56), CycleOf("idle"));
     QCOMPARE(ShownByTicks(56), CycleOf("idle"));
+}
+
+void tst_TrayIcon::sleepsWhileItRests()
+{
+    QVERIFY(!m->Start());
+
+    LetTimePass(11); // the pictures
+    QCOMPARE(Shown(), "idle 10");
+    QCOMPARE(Timer()->interval(), 4600); // 45 ticks that change nothing, and the next picture's
+
+    LetTimePass();
+    QCOMPARE(Shown(), "idle 0");
+    QCOMPARE(Timer()->interval(), 100);
+    LetTimePass();
+    QCOMPARE(Shown(), "idle 1");
+}
+
+void tst_TrayIcon::wakesForTheActivitySet()
+{
+    QVERIFY(!m->Start());
+    LetTimePass(11);
+    QCOMPARE(Timer()->interval(), 4600);
+
+    m->window->StartWeatherRequest();
+
+    QCOMPARE(Timer()->interval(), 100);
+    LetTimePass();
+    QCOMPARE(Shown(), "active 0");
+    LetTimePass();
+    QCOMPARE(Shown(), "active 1");
 }
 
 void tst_TrayIcon::tellsThePanelOfAnotherPictureOnly()

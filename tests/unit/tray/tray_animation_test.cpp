@@ -144,6 +144,16 @@ TEST(TrayAnimation, TakesTheLastFrameAsItIs)
     EXPECT_EQ(state.TrayFrame, 56);
 }
 
+TEST(TrayAnimation, CountsTheTicksThatChangeNothing)
+{
+    EXPECT_EQ(QuietTicks({.TrayFrame = 0}), 0);
+    EXPECT_EQ(QuietTicks({.TrayFrame = 10}), 0);
+    EXPECT_EQ(QuietTicks({.TrayFrame = 11}), 45);
+    EXPECT_EQ(QuietTicks({.TrayFrame = 55}), 1);
+    EXPECT_EQ(QuietTicks({.TrayFrame = 56}), 0); // taken as the first
+    EXPECT_EQ(QuietTicks({.TrayFrame = -1}), 0);
+}
+
 TEST(TrayAnimation, StaysAtItsFrameWithoutASecondHalf)
 {
     TrayState state{.TrayFrame = 4, .TrayAnimating = true};
