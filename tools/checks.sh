@@ -26,7 +26,8 @@ CheckIcons() {
 CheckTidy() {
   local root
   root=$(pwd | sed 's/[][\.*^$+?(){}|]/\\&/g')
-  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools|examples)/" </dev/null
+  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools|examples)/" </dev/null 2>&1 |
+    sed --regexp-extended '/^clang-tidy-14 |^[0-9]+ warnings? generated/d'
 }
 
 # The package starts from wherever it is unpacked, stays up, and SIGTERM ends it in good order.

@@ -1,0 +1,1 @@
+// Nothing but the large headers, parsed once for all tests of forms.
