@@ -5,6 +5,7 @@
 #include "weather/node_value.h"
 
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +17,7 @@ constexpr double kExtremeBound = 200; // a temperature from here on is one of th
 QString DisplayedExtreme(const QString &value)
 {
     const std::optional<double> number = LeadingNumber(value);
-    const bool shown = number && *number<kExtremeBound && * number> - kExtremeBound;
+    const bool shown = number && std::abs(*number) < kExtremeBound;
     return shown ? value : kNotAvailable.toString();
 }
 
