@@ -4,6 +4,7 @@
 #include "app/unix_signals.h"
 #include "controls/control.h"
 #include "core/trace_sink.h"
+#include "graph/frm_graphics.h"
 #include "net/curl_transfers.h"
 #include "tray/system_panel_icon.h"
 
@@ -79,6 +80,7 @@ int main(int argc, char *argv[])
     SetTraceListener(trace.get());
     PreferX11();
     QApplication app(argc, argv);
+    QApplication::setWindowIcon(ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false); // the window decides what ends the program
 
     // Made from the outside in, destroyed from the inside out.

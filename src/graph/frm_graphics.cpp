@@ -36,3 +36,9 @@ frmGraphics::~frmGraphics()
 {
     m_loaded = false;
 }
+
+QIcon ProgramIcon()
+{
+    KeepIconResource();
+    return IconFromSvg(u":/icons/idle_10.svg"_s);
+}

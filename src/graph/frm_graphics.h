@@ -24,3 +24,6 @@ public:
 private:
     bool &m_loaded;
 };
+
+/// The picture the tray icon rests at, for the title bars and the task bar.
+[[nodiscard]] QIcon ProgramIcon();

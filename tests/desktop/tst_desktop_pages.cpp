@@ -24,6 +24,7 @@ class tst_desktop_pages final : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void theWindowHasAnIcon();
     void tabsChangeThePageByMouse();
     void typedTextsReachTheSettingsFile();
     void portBoxIsRoundedWhenItIsLeft();
@@ -63,6 +64,17 @@ void tst_desktop_pages::tabsChangeThePageByMouse()
                                       page != chosen, kPatience);
         }
     }
+}
+
+void tst_desktop_pages::theWindowHasAnIcon()
+{
+    QVERIFY(m_program->IsShown());
+
+    // Width, height and pixels of each size, one number each.
+    const QByteArray sizes = m_desktop->screen.Ask(
+        "xprop", {"-id", m_program->Window().id, "-notype", "32c", "_NET_WM_ICON"});
+    QVERIFY2(sizes.contains("= 16, 16, "), sizes.left(200));
+    QVERIFY2(sizes.contains(", 48, 48, "), sizes.left(200));
 }
 
 void tst_desktop_pages::typedTextsReachTheSettingsFile()

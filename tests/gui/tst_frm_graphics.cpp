@@ -19,6 +19,7 @@ private Q_SLOTS:
     void formIsHidden();
     void everyFrameComesInAllSizes();
     void picturesAreDrawnOnceInEachSize();
+    void programHasTheRestingPicture();
     void framesAreSharpDrawings();
     void idleFramesMove();
     void idleCycleBeginsAsItRests();
@@ -125,6 +126,14 @@ void tst_frmGraphics::picturesAreDrawnOnceInEachSize()
         same.setDevicePixelRatio(2);
         return same.toImage();
     }());
+}
+
+void tst_frmGraphics::programHasTheRestingPicture()
+{
+    bool loaded = false;
+    const frmGraphics form(loaded);
+
+    QCOMPARE(Picture(ProgramIcon(), 48), Picture(form.taskBarIcon[kRestingFrame], 48));
 }
 
 void tst_frmGraphics::framesAreSharpDrawings()
