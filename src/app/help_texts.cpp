@@ -2,8 +2,8 @@
 
 #include "controls/tool_tip.h"
 
+#include <QHash>
 #include <QLabel>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -11,8 +11,10 @@ namespace {
 
 struct HelpText
 {
-    QStringView names = {}; ///< A pattern of object names.
+    QStringView name = {}; ///< Of the control.
     QStringView text = {};
+    int first = 0; ///< Numbers behind the name; none where both are 0.
+    int last = 0;
 };
 
 constexpr HelpText kHelpTexts[] = {
@@ -26,7 +28,7 @@ constexpr HelpText kHelpTexts[] = {
 
     {u"cboSelectedProfile", u"The weather service that is asked. With another one the lowest and "
                             "highest temperatures of today begin anew."},
-    {u"txtLocation[1-4]", u"Goes into the request; the description below says what to enter."},
+    {u"txtLocation", u"Goes into the request; the description below says what to enter.", 1, 4},
     {u"txtProfileDescription", u"What the profile says of its service and of its places."},
     {u"txtWeatherInfo", u"The last reply of the weather service, with five blanks for a tab."},
     {u"btnWeatherDone", u"Back to the page."},
@@ -41,8 +43,8 @@ constexpr HelpText kHelpTexts[] = {
 
     {u"txtHTTPPort",
      u"Port number of all requests, 1 to 65535. With 80 each service is asked at its usual port."},
-    {u"chkForecastTime[0-3]", u"Counted down to on the page \"Forecast\"."},
-    {u"optCheckInterval[0-3]", u"Time between two weather requests, from the next one on."},
+    {u"chkForecastTime", u"Counted down to on the page \"Forecast\".", 0, 3},
+    {u"optCheckInterval", u"Time between two weather requests, from the next one on.", 0, 3},
     {u"chkMinimizeOnStartup", u"Starts the program out of the way, from the next start on."},
     {u"lblFolderProblem", u"Neither settings nor output files can be kept there."},
 };
@@ -56,6 +58,18 @@ QString UnitIn(QStringView units)
     if (end > token)
         unit.remove(token, end + 1 - token);
     return unit.simplified();
+}
+
+QHash<QString, QStringView> HelpByName()
+{
+    QHash<QString, QStringView> texts;
+    for (const auto &[name, text, first, last] : kHelpTexts) {
+        if (first == last)
+            texts.insert(name.toString(), text);
+        for (int number = first; first != last && number <= last; ++number)
+            texts.insert(name.toString() + QString::number(number), text);
+    }
+    return texts;
 }
 
 } // namespace
@@ -76,10 +90,11 @@ QString ValueHelp(const ValueBoxField &field, const WeatherProfile &profile)
 
 void GiveHelp(const QWidget &window)
 {
-    for (const auto &[names, text] : kHelpTexts) {
-        const QRegularExpression pattern(QRegularExpression::anchoredPattern(names));
-        for (QWidget *control : window.findChildren<QWidget *>(pattern))
-            SetHelp(control, text.toString());
+    const QHash<QString, QStringView> texts = HelpByName();
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+        const auto text = texts.find(control->objectName());
+        if (text != texts.end())
+            SetHelp(control, text->toString());
     }
     for (QLabel *title : window.findChildren<QLabel *>()) {
         if (title->buddy() != nullptr && !title->buddy()->toolTip().isEmpty())

@@ -29,6 +29,13 @@ ProfileList::ProfileList(QWidget *parent) : QComboBox(parent)
         if (!std::exchange(m_changeReported, false))
             Q_EMIT Click();
     });
+}
+
+// Not before the list is opened: until somebody asks for it, there is none.
+void ProfileList::WatchScrolling()
+{
+    if (std::exchange(m_watchesScrolling, true))
+        return;
     connect(view()->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         if (view()->isVisible())
             Q_EMIT Scroll();
@@ -40,6 +47,7 @@ ProfileList::ProfileList(QWidget *parent) : QComboBox(parent)
 void ProfileList::showPopup()
 {
     m_changeReported = false;
+    WatchScrolling();
     const int titles =
         view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     view()->setMinimumWidth(std::min(titles, kMaxWidth));

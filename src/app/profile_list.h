@@ -35,6 +35,8 @@ protected:
 
 private:
     [[nodiscard]] QString ElidedTitle() const;
+    void WatchScrolling();
 
     bool m_changeReported = false; ///< The user action that runs now has changed the entry.
+    bool m_watchesScrolling = false;
 };
