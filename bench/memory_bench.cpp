@@ -1,6 +1,7 @@
-// Resident memory of the program's window, idle and shown, beside a plain window with the same
-// number of stock controls that links the same libraries and has made one transfer too; and what is
-// left of a reply of 16 MiB after a small one has followed it.
+// The program's window beside a plain window with the same number of stock controls that links the
+// same libraries: processor time from the process's start to the first paint, and resident memory,
+// idle and shown, when both have made one transfer; and what is left of a reply of 16 MiB after a
+// small one has followed it.
 //
 // The measuring process serves the replies; each window runs in a process of its own, since what
 // one has used would flatter the other.
@@ -27,6 +28,8 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+
+#include "medians.h"
 
 using namespace Qt::StringLiterals;
 
@@ -91,11 +94,34 @@ void RunIdle()
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
 }
 
-void Print(const char *what)
+void Print(const char *what, double figure)
 {
-    std::printf("%s %ld\n", what, ResidentKiB());
+    std::printf("%s %f\n", what, figure);
     std::fflush(stdout);
 }
+
+/// Prints the processor time that this process had taken when a window was first painted.
+class FirstPaint final : public QObject
+{
+public:
+    explicit FirstPaint(QWidget *window) : m_window(window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isPainted = event->type() == QEvent::Paint;
+        if (isPainted) {
+            // Behind the paint itself, which the filter is asked ahead of.
+            QMetaObject::invokeMethod(
+                this, [] { Print("paint", ProcessorMilliseconds(RUSAGE_SELF)); },
+                Qt::QueuedConnection);
+            m_window->removeEventFilter(this);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget *m_window;
+};
 
 /// The program's window: one small reply, then a large one, then a small one again.
 int RunProgram(const QString &url)
@@ -114,6 +140,7 @@ int RunProgram(const QString &url)
     state.files.folder = folder.path();
     TakingPanelIcon panelIcon;
     frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
+    const FirstPaint firstPaint(&window);
     if (window.Form_Load({}))
         return 1;
     window.show();
@@ -125,11 +152,11 @@ int RunProgram(const QString &url)
     if (!request(u"small"_s))
         return 1;
     RunIdle();
-    Print("idle");
+    Print("idle", double(ResidentKiB()));
     if (!request(u"large"_s) || !request(u"small"_s))
         return 1;
     RunIdle();
-    Print("after");
+    Print("after", double(ResidentKiB()));
     window.Form_Unload();
     return 0;
 }
@@ -155,6 +182,7 @@ int RunStock(const QString &url, const QStringList &counts)
     Add<QRadioButton>(&window, counts.value(5).toInt());
     Add<QComboBox>(&window, counts.value(6).toInt());
     Add<QGroupBox>(&window, counts.value(7).toInt());
+    const FirstPaint firstPaint(&window);
     window.show();
     const TransferHandle handle = http.Net_HTTPThreadOpen(u"80"_s);
     http.Net_HTTPThreadGet(handle, url + u"small"_s);
@@ -162,7 +190,7 @@ int RunStock(const QString &url, const QStringList &counts)
         return 1;
     http.Net_HTTPThreadClose(handle);
     RunIdle();
-    Print("idle");
+    Print("idle", double(ResidentKiB()));
     return 0;
 }
 
@@ -204,7 +232,7 @@ std::string Page(const std::string &head)
 }
 
 /// Runs this program in the given part and reads what it printed under `names`.
-QList<long> Measure(const QStringList &arguments, const QStringList &names)
+QList<double> Measure(const QStringList &arguments, const QStringList &names)
 {
     QProcess part;
     part.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -212,9 +240,9 @@ QList<long> Measure(const QStringList &arguments, const QStringList &names)
     if (!part.waitForFinished(120'000) || part.exitCode() != 0)
         return {};
     const QString output = QString::fromUtf8(part.readAllStandardOutput());
-    QList<long> figures;
+    QList<double> figures;
     for (const QString &name : names)
-        figures.append(output.section(name + u' ', 1, 1).section(u'\n', 0, 0).toLong());
+        figures.append(output.section(name + u' ', 1, 1).section(u'\n', 0, 0).toDouble());
     return figures;
 }
 
@@ -225,20 +253,32 @@ int RunAll()
     });
     const QString url = QString::fromStdString(server.Url());
     const QStringList counts = CountControls();
-    std::printf("%10s %10s %8s %14s\n", "window", "stock", "ratio", "after 16 MiB");
-    for (int i = 0; i < 5; ++i) {
-        const QList<long> window =
-            Measure({u"--part"_s, u"program"_s, url}, {u"idle"_s, u"after"_s});
-        const QList<long> stock =
-            Measure(QStringList{u"--part"_s, u"stock"_s, url} + counts, {u"idle"_s});
+    std::vector<double> paint;
+    std::vector<double> idle;
+    std::vector<double> left;
+    std::vector<double> stockPaint;
+    std::vector<double> stockIdle;
+    for (int run = 0; run < kRuns; ++run) {
+        const QList<double> window =
+            Measure({u"--part"_s, u"program"_s, url}, {u"paint"_s, u"idle"_s, u"after"_s});
+        const QList<double> stock =
+            Measure(QStringList{u"--part"_s, u"stock"_s, url} + counts, {u"paint"_s, u"idle"_s});
         if (window.isEmpty() || stock.isEmpty()) {
             std::fprintf(stderr, "A part did not run to its end.\n");
             return 1;
         }
-        std::printf("%6ld KiB %6ld KiB %8.3f %+10ld KiB\n", window[0], stock[0],
-                    double(window[0]) / double(stock[0]), window[1] - window[0]);
-        std::fflush(stdout);
+        paint.push_back(window[0]);
+        idle.push_back(window[1]);
+        left.push_back(window[2] - window[1]);
+        stockPaint.push_back(stock[0]);
+        stockIdle.push_back(stock[1]);
     }
+    std::printf("%-34s %11s %11s %8s\n", "the window", "own", "stock", "ratio");
+    std::printf("%-34s %8.1f ms %8.1f ms %8.3f\n", "start to first paint", Median(paint),
+                Median(stockPaint), Median(paint) / Median(stockPaint));
+    std::printf("%-34s %7.0f KiB %7.0f KiB %8.3f\n", "resident memory", Median(idle),
+                Median(stockIdle), Median(idle) / Median(stockIdle));
+    std::printf("%-34s %+7.0f KiB\n", "after 16 MiB and a small reply", Median(left));
     return 0;
 }
 

@@ -20,13 +20,15 @@
 #include <cstdio>
 #include <functional>
 
+#include "medians.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kFiles = 254;
 constexpr int kDelay = 50; // milliseconds
-constexpr int kRounds = 3;
+constexpr int kRounds = kRuns;
 constexpr int kLongest = 60'000; // milliseconds
 constexpr qint16 kMaryland = 19;
 constexpr qsizetype kLargeListing = qsizetype(16) * 1024 * 1024;
