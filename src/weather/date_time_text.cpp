@@ -283,6 +283,13 @@ std::optional<Moment> ParseDateTime(QStringView text, int currentYear)
     return Moment{(date->toJulianDay() - kFirstJulianDay) * kSecondsPerDay + time.value_or(0)};
 }
 
+bool IsWritable(Moment moment)
+{
+    static const qint64 first = QDate(1, 1, 1).toJulianDay() - kFirstJulianDay;
+    static const qint64 end = QDate(9999, 12, 31).toJulianDay() - kFirstJulianDay + 1;
+    return moment.seconds >= first * kSecondsPerDay && moment.seconds < end * kSecondsPerDay;
+}
+
 QString DateTimeText(Moment moment)
 {
     qint64 second = moment.seconds % kSecondsPerDay;
@@ -294,7 +301,7 @@ QString DateTimeText(Moment moment)
 
     const QDate date = QDate::fromJulianDay(kFirstJulianDay + day);
     const QString text = QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/'
-                       + QString::number(date.year());
+                       + QString::number(date.year()).rightJustified(kMaxDigits, u'0');
     return second == 0 ? text : text + u' ' + TimeText(second);
 }
 

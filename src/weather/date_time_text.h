@@ -23,8 +23,12 @@ struct Moment
 /// @return nothing when the text is none, such as ISO texts with a "T", zones or week days.
 [[nodiscard]] std::optional<Moment> ParseDateTime(QStringView text, int currentYear);
 
-/// `M/d/yyyy h:mm:ss AM/PM` without leading zeros in month, day and hour. The time is left out at
-/// midnight, the date for a moment without one.
+/// True when the year of `moment` has four digits (0001..9999), as a text of a moment needs.
+[[nodiscard]] bool IsWritable(Moment moment);
+
+/// `M/d/yyyy h:mm:ss AM/PM` of a moment that IsWritable(), without leading zeros in month, day and
+/// hour, but four digits in the year. The time is left out at midnight, the date for a moment
+/// without one.
 [[nodiscard]] QString DateTimeText(Moment moment);
 
 /// The clock's `dateTime` as a moment, rounded to the nearest second.

@@ -100,7 +100,10 @@ std::optional<QString> InLocalTime(QStringView value, const QDateTime *now)
     const std::optional<Moment> moment = ParseDateTime(value, now->date().year());
     if (!moment)
         return std::nullopt;
-    return DateTimeText(ConvertUtcToLocal(*moment, now->offsetFromUtc()));
+    const Moment local = ConvertUtcToLocal(*moment, now->offsetFromUtc());
+    if (!IsWritable(local))
+        return std::nullopt;
+    return DateTimeText(local);
 }
 
 /// One item of a factor. An unknown operation, and one that cannot be done, changes nothing.

@@ -57,6 +57,8 @@ const DateCase kCases[] = {
     {.name = "NameWithoutAYear", .text = "Nov 5", .expected = "11/5/2026"},
     {.name = "TwoDigitYear", .text = "11/5/19", .expected = "11/5/2019"},
     {.name = "TwoDigitYearOf1900s", .text = "11/5/85", .expected = "11/5/1985"},
+    {.name = "YearBelowOneThousand", .text = "0987-11-05", .expected = "11/5/0987"},
+    {.name = "YearBelowOneHundred", .text = "11/5/0099 0:01", .expected = "11/5/0099 12:01:00 AM"},
     {.name = "LeapDay", .text = "2/29/2024", .expected = "2/29/2024"},
 
     {.name = "HourTooLarge", .text = "25:07", .expected = "none"},
