@@ -1,5 +1,7 @@
 #include "app/long_text_box.h"
 
+#include "core/text.h"
+
 #include <QTextCursor>
 
 #include <chrono>
@@ -15,10 +17,10 @@ bool IsLineEnd(QChar character)
     return character == u'\n' || character == u'\r';
 }
 
-/// The next piece of the text; a pair of CR and LF stays together.
+/// The next piece of the text; a pair of CR and LF stays together, and so does a surrogate pair.
 QStringView NextPiece(QStringView text, qsizetype length)
 {
-    QStringView piece = text.first(qMin(length, text.size()));
+    QStringView piece = FirstCharacters(text, length);
     if (piece.size() > 1 && piece.size() < text.size() && piece.endsWith(u'\r'))
         piece.chop(1);
     return piece;
@@ -33,9 +35,10 @@ QString WithShortLines(QStringView text, qsizetype width)
     qsizetype copied = 0;
     qsizetype lineStart = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype units = text[i].isHighSurrogate() ? 2 : 1; // a pair stays in one line
         if (IsLineEnd(text[i])) {
             lineStart = i + 1;
-        } else if (i - lineStart == width) {
+        } else if (i - lineStart + units > width) {
             broken.append(text.sliced(copied, i - copied)).append(u'\n');
             copied = i;
             lineStart = i;
@@ -59,7 +62,7 @@ LongTextBox::LongTextBox(LayOut when, Readable readable, QWidget *parent)
 
 void LongTextBox::SetText(const QString &text)
 {
-    m_text = text;
+    m_text = WithoutLoneSurrogates(text);
     if (m_when == LayOut::Always || isVisible())
         Begin();
 }

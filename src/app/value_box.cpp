@@ -1,6 +1,7 @@
 #include "app/value_box.h"
 
 #include "controls/muted_color.h"
+#include "core/text.h"
 #include "weather/node_value.h"
 
 #include <QApplication>
@@ -28,8 +29,8 @@ ValueBox::ValueBox(QWidget *parent) : QLineEdit(parent)
 
 void ValueBox::SetValue(const QString &value)
 {
-    m_value = value;
-    setText(value.left(kShownLength));
+    m_value = WithoutLoneSurrogates(value);
+    setText(FirstCharacters(m_value, kShownLength).toString());
     setCursorPosition(0); // a long value shows its beginning
     TakeColors();
 }

@@ -58,6 +58,32 @@ QStringView TrimSpaces(QStringView text)
     return text;
 }
 
+QString WithoutLoneSurrogates(QString text)
+{
+    if (text.isValidUtf16())
+        return text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSurrogate())
+            continue;
+        const bool pair =
+            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else
+            text[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return text;
+}
+
+QStringView FirstCharacters(QStringView text, qsizetype length)
+{
+    if (text.size() <= length)
+        return text;
+    const bool parts =
+        length > 0 && text[length - 1].isHighSurrogate() && text[length].isLowSurrogate();
+    return text.first(parts ? length - 1 : length);
+}
+
 QString WithYear(QString text, int year)
 {
     return text.replace("%YEAR%"_L1, QString::number(year));

@@ -14,5 +14,13 @@
 /// `text` without the spaces (U+0020) at its ends; tabs and line ends stay.
 [[nodiscard]] QStringView TrimSpaces(QStringView text);
 
+/// `text` with U+FFFD in the place of every half of a surrogate pair that stands alone, as a cut
+/// may leave it. It is no character: to be called before a text is shown or stored.
+[[nodiscard]] QString WithoutLoneSurrogates(QString text);
+
+/// The first `length` characters of `text`, or all when there are fewer; one less where the cut
+/// would part a surrogate pair.
+[[nodiscard]] QStringView FirstCharacters(QStringView text, qsizetype length);
+
 /// `text` with every "%YEAR%" (this case only) replaced by `year` in plain decimal form.
 [[nodiscard]] QString WithYear(QString text, int year);

@@ -1,5 +1,6 @@
 #include "net/body_text.h"
 
+#include "core/text.h"
 #include "core/windows1252.h"
 #include "net/declared_charset.h"
 
@@ -80,9 +81,8 @@ QByteArray HeadCharset(QByteArrayView bytes)
     return charset.startsWith("utf-16") ? QByteArray("utf-8") : charset;
 }
 
-} // namespace
-
-QString BodyText(const QByteArray &body, QByteArrayView contentType)
+/// The text as it was decoded, which may hold halves of surrogate pairs.
+QString DecodedText(const QByteArray &body, QByteArrayView contentType)
 {
     if (auto text = FromCharset(body, CharsetOfContentType(contentType)))
         return *std::move(text);
@@ -91,4 +91,11 @@ QString BodyText(const QByteArray &body, QByteArrayView contentType)
     if (auto text = FromCharset(body, HeadCharset(body)))
         return *std::move(text);
     return body.isValidUtf8() ? QString::fromUtf8(body) : FromWindows1252(body);
+}
+
+} // namespace
+
+QString BodyText(const QByteArray &body, QByteArrayView contentType)
+{
+    return WithoutLoneSurrogates(DecodedText(body, contentType));
 }

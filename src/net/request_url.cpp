@@ -1,5 +1,7 @@
 #include "net/request_url.h"
 
+#include "core/text.h"
+
 #include <QString>
 
 #include <algorithm>
@@ -35,23 +37,12 @@ bool GoesAsItIs(char byte)
     return byte > ' ' && byte < '\x7F'; // also false for the negative ones, those outside ASCII
 }
 
-/// Lone surrogates have no UTF-8 form; Qt would write a "?", which begins a query.
-QString WithoutLoneSurrogates(QStringView url)
-{
-    QString text = url.toString();
-    if (!url.isValidUtf16()) {
-        std::replace_if(
-            text.begin(), text.end(), [](QChar unit) { return unit.isSurrogate(); },
-            QChar(QChar::ReplacementCharacter));
-    }
-    return text;
-}
-
 } // namespace
 
 std::optional<QByteArray> RequestUrl(QStringView url)
 {
-    return RequestUrl(QByteArrayView(WithoutLoneSurrogates(url).toUtf8()));
+    // Qt would write a "?" for half a surrogate pair, which begins a query.
+    return RequestUrl(QByteArrayView(WithoutLoneSurrogates(url.toString()).toUtf8()));
 }
 
 std::optional<QByteArray> RequestUrl(QByteArrayView url)

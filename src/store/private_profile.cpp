@@ -8,7 +8,6 @@
 #include <QStringEncoder>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -137,16 +136,6 @@ QByteArray KeyLine(QByteArrayView name, QByteArrayView value)
     return line;
 }
 
-/// The first 4095 characters; a surrogate pair is not cut in two.
-QStringView UpToLongest(QStringView text)
-{
-    if (text.size() <= kLongestValue)
-        return text;
-    const bool splits =
-        text[kLongestValue - 1].isHighSurrogate() && text[kLongestValue].isLowSurrogate();
-    return text.first(splits ? kLongestValue - 1 : kLongestValue);
-}
-
 QByteArrayView WithoutQuotePair(QByteArrayView bytes)
 {
     const bool quoted =
@@ -195,17 +184,23 @@ PrivateProfile::PrivateProfile(QByteArray bytes, CodePage codePage)
     Index();
 }
 
-QString PrivateProfile::Value(QStringView section, QStringView key, QStringView fallback) const
+std::optional<QString> PrivateProfile::Find(QStringView section, QStringView key) const
 {
     const qsizetype line = FindLine(section, key);
-    if (line >= 0) {
-        const QByteArrayView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
-        return UpToLongest(Decoded(WithoutQuotePair(stored))).toString();
-    }
+    if (line < 0)
+        return std::nullopt;
+    const QByteArrayView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
+    return FirstCharacters(Decoded(WithoutQuotePair(stored)), kLongestValue).toString();
+}
+
+QString PrivateProfile::Value(QStringView section, QStringView key, QStringView fallback) const
+{
+    if (std::optional<QString> found = Find(section, key))
+        return *std::move(found);
     fallback = UpToNul(fallback);
     while (fallback.endsWith(u' '))
         fallback.chop(1);
-    return UpToLongest(fallback).toString();
+    return FirstCharacters(fallback, kLongestValue).toString();
 }
 
 void PrivateProfile::SetValue(QStringView section, QStringView key, QStringView value)
@@ -316,7 +311,7 @@ QByteArray PrivateProfile::Encoded(QStringView text) const
     text = UpToNul(text);
     switch (m_encoding) {
     case Encoding::Utf8:
-        return text.toUtf8(); // half a surrogate pair, which has no UTF-8 form, becomes "?"
+        return WithoutLoneSurrogates(text.toString()).toUtf8();
     case Encoding::Windows1252:
         return ToWindows1252(text);
     case Encoding::Utf16Le:
@@ -329,7 +324,7 @@ QByteArray PrivateProfile::Encoded(QStringView text) const
 QString PrivateProfile::InCodePage(QStringView text) const
 {
     return m_codePage == CodePage::Windows1252 ? FromWindows1252(ToWindows1252(text))
-                                               : text.toString();
+                                               : WithoutLoneSurrogates(text.toString());
 }
 
 /// The form in which the name that stands in the file is looked up.

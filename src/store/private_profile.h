@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 /// How the bytes of the program's INI files stand for characters.
 enum class CodePage
 {
@@ -25,14 +27,17 @@ public:
     PrivateProfile() : PrivateProfile(QByteArray(), CodePage::Utf8) {}
     PrivateProfile(QByteArray bytes, CodePage codePage);
 
-    /// The value of `key` in `section`, cut to 4095 characters.
+    /// The value of `key` in `section`, cut to 4095 characters; nothing when there is no such key.
+    [[nodiscard]] std::optional<QString> Find(QStringView section, QStringView key) const;
+
+    /// The same.
     /// @return `fallback` without its trailing spaces, cut likewise, when there is no such key.
     [[nodiscard]] QString Value(QStringView section, QStringView key, QStringView fallback) const;
 
     /// Writes `value` as given (up to its first NUL): in place when the key is there, else behind
     /// the last key of its section, else in a new section at the end. A value that is there already
     /// leaves its line as it is. Characters that the code page or the file's encoding lacks become
-    /// "?".
+    /// "?", half a surrogate pair becomes U+FFFD first.
     void SetValue(QStringView section, QStringView key, QStringView value);
 
     /// The form in which `text` (up to its first NUL) stands in a line; for SetEncodedValue().

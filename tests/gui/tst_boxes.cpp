@@ -19,6 +19,10 @@
 
 namespace {
 
+const QString kHalf(QChar(0xD83D)); // of the pair
+const QString kPair = kHalf + QChar(0xDE00);
+const QString kReplaced = QStringLiteral("a\uFFFDb"); // what is shown for a half in between
+
 /// Calls `act` with the message box that is open when the event loop runs next.
 class WhileBoxIsOpen final
 {
@@ -46,11 +50,14 @@ class tst_Boxes final : public QObject
 
 private Q_SLOTS:
     void valueBoxKeepsTheWholeValue();
+    void valueBoxShowsNoHalfCharacter();
     void valueBoxCannotBeTypedInto();
     void rawBoxLaysOutOnlyWhatIsShown();
     void longBoxMakesItsTextReadable();
     void rawBoxLaysOutALongTextInPieces();
     void rawBoxKeepsLineEndsAcrossPieces();
+    void longBoxShowsNoHalfCharacter();
+    void rawBoxKeepsPairsAcrossPieces();
     void shortLinesAreLeftAsTheyAre();
     void longLinesAreBroken();
     void elidedLabelKeepsItsSize();
@@ -77,6 +84,20 @@ void tst_Boxes::valueBoxKeepsTheWholeValue()
     box.SetValue("12 mph");
     QCOMPARE(box.Value(), "12 mph");
     QCOMPARE(box.text(), "12 mph");
+}
+
+void tst_Boxes::valueBoxShowsNoHalfCharacter()
+{
+    ValueBox box(nullptr);
+
+    box.SetValue("a" + kHalf + "b");
+    QCOMPARE(box.Value(), kReplaced);
+    QCOMPARE(box.text(), kReplaced);
+
+    const QString before(ValueBox::kShownLength - 1, 'x');
+    box.SetValue(before + kPair);
+    QCOMPARE(box.Value(), before + kPair);
+    QCOMPARE(box.text(), before);
 }
 
 void tst_Boxes::valueBoxCannotBeTypedInto()
@@ -142,6 +163,30 @@ void tst_Boxes::rawBoxKeepsLineEndsAcrossPieces()
     QVERIFY(box.toPlainText().endsWith(" \nend"));
 }
 
+void tst_Boxes::longBoxShowsNoHalfCharacter()
+{
+    LongTextBox box(LongTextBox::LayOut::Always, nullptr, nullptr);
+
+    box.SetText("a" + kHalf + "b");
+
+    QCOMPARE(box.Text(), kReplaced);
+    QCOMPARE(box.toPlainText(), kReplaced);
+}
+
+void tst_Boxes::rawBoxKeepsPairsAcrossPieces()
+{
+    // The first piece, and each line as it is broken for display, would end within a pair.
+    const QString text = "x" + kPair.repeated(int(LongTextBox::kPiece / 2)) + "end";
+    LongTextBox box(LongTextBox::LayOut::WhileShown, nullptr, nullptr);
+    box.SetText(text);
+
+    box.show();
+    QTRY_VERIFY(box.toPlainText().endsWith("end"));
+
+    QCOMPARE(box.toPlainText().remove('\n'), text);
+    QVERIFY(box.toPlainText().isValidUtf16());
+}
+
 void tst_Boxes::shortLinesAreLeftAsTheyAre()
 {
     QCOMPARE(WithShortLines(u"", 5), "");
@@ -153,6 +198,7 @@ void tst_Boxes::longLinesAreBroken()
 {
     QCOMPARE(WithShortLines(u"123456", 5), "12345\n6");
     QCOMPARE(WithShortLines(u"123\n123456789ab", 5), "123\n12345\n6789a\nb");
+    QCOMPARE(WithShortLines("1234" + kPair + "6", 5), "1234\n" + kPair + "6");
 }
 
 void tst_Boxes::elidedLabelKeepsItsSize()

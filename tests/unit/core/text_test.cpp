@@ -77,4 +77,31 @@ TEST(ReplaceAll, TakesWhatItFindsFromTheFront)
     EXPECT_EQ(ReplaceAll(u"", u"x", u"y"), "");
 }
 
+TEST(WithoutLoneSurrogates, ReplacesHalvesAndKeepsPairs)
+{
+    const QChar high(0xD83D);
+    const QChar low(0xDE00);
+    const QString pair = QString(high) + low;
+    const QString replaced(QChar(0xFFFD));
+
+    EXPECT_EQ(WithoutLoneSurrogates("a" + pair + "b"), "a" + pair + "b");
+    EXPECT_EQ(WithoutLoneSurrogates(QString("a") + high), "a" + replaced);
+    EXPECT_EQ(WithoutLoneSurrogates(low + QString("a")), replaced + "a");
+    EXPECT_EQ(WithoutLoneSurrogates(low + pair + high), replaced + pair + replaced);
+    EXPECT_EQ(WithoutLoneSurrogates(QString(low) + high), replaced + replaced);
+    EXPECT_EQ(WithoutLoneSurrogates(""), "");
+}
+
+TEST(FirstCharacters, NeverCutsAPairInTwo)
+{
+    const QString text = QString("a") + QChar(0xD83D) + QChar(0xDE00) + "b";
+
+    EXPECT_EQ(FirstCharacters(text, 0), u"");
+    EXPECT_EQ(FirstCharacters(text, 1), u"a");
+    EXPECT_EQ(FirstCharacters(text, 2), u"a");
+    EXPECT_EQ(FirstCharacters(text, 3), text.first(3));
+    EXPECT_EQ(FirstCharacters(text, 4), text);
+    EXPECT_EQ(FirstCharacters(text, 5), text);
+}
+
 } // namespace

@@ -64,6 +64,16 @@ TEST(BodyText, ShowsWhatIsNoCharacterAsReplacement)
     EXPECT_EQ(BodyText(Bytes("a\0b"), "text/plain; charset=utf-16le"), u"a\uFFFD"_s);
 }
 
+TEST(BodyText, ReplacesHalfASurrogatePair)
+{
+    EXPECT_EQ(BodyText(Bytes("\x3D\xD8"
+                             "a\0"),
+                       "text/plain; charset=utf-16le"),
+              u"\uFFFDa"_s);
+    EXPECT_EQ(BodyText(Bytes("\xFE\xFF\xDE\0\0a"), ""), u"\uFFFDa"_s);
+    EXPECT_EQ(BodyText(Bytes("\x3D\xD8\0\xDE"), "text/plain; charset=utf-16le"), u"\U0001F600"_s);
+}
+
 TEST(BodyText, PassesOverACharsetThatNobodyKnows)
 {
     for (const char *charset : {"x-martian", "locale", "system", "\"\""}) {

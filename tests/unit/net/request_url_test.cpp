@@ -44,6 +44,14 @@ TEST(RequestUrl, EncodesALoneSurrogateAsReplacement)
     EXPECT_EQ(Sent(url), "http://h/%EF%BF%BDx");
 }
 
+TEST(RequestUrl, KeepsThePairsBesideALoneSurrogate)
+{
+    const QString url =
+        QStringLiteral("http://h/") + QChar(0xD83C) + QString::fromUtf8("\xF0\x9F\x8C\xA7");
+
+    EXPECT_EQ(Sent(url), "http://h/%EF%BF%BD%F0%9F%8C%A7");
+}
+
 TEST(RequestUrl, EncodesTheBytesOfARedirectAsTheyAre)
 {
     EXPECT_EQ(*RequestUrl(QByteArrayView("http://h/\xE9 \xC3\xA9")), "http://h/%E9%20%C3%A9");

@@ -53,14 +53,15 @@ TEST(ProfileUtf8, NamesOutsideAsciiAreFoundInAnyCase)
     EXPECT_EQ(profile.Bytes(), QByteArray("[\xC3\x84rger]\n\xCE\x94=2\r\n"));
 }
 
-TEST(ProfileUtf8, HalfASurrogatePairBecomesAQuestionMark)
+TEST(ProfileUtf8, HalfASurrogatePairBecomesTheReplacementCharacter)
 {
     PrivateProfile profile("", kUtf8);
     const QString halves = QString("a") + QChar(0xD83D) + "b" + QChar(0xDE00) + QChar(0xD83D);
 
     profile.SetValue(u"S", u"k", halves);
 
-    EXPECT_EQ(profile.Bytes(), QByteArray("[S]\r\nk=a?b??\r\n"));
+    EXPECT_EQ(profile.Bytes(), QByteArray("[S]\r\nk=a\xEF\xBF\xBD"
+                                          "b\xEF\xBF\xBD\xEF\xBF\xBD\r\n"));
 }
 
 TEST(ProfileUtf8, MarkIsSkippedAndKept)
@@ -186,6 +187,19 @@ TEST_P(ProfileUtf16, StrayLastByteIsKept)
     profile.SetValue(u"S", u"k", u"2");
 
     EXPECT_EQ(profile.Bytes(), Utf16(u"[S]\nk=2\r\n") + "x");
+}
+
+TEST_P(ProfileUtf16, HalfASurrogatePairIsReadAndWrittenAsTheReplacementCharacter)
+{
+    const bool ansi = GetParam() == kAnsi; // which has "?" in its place
+    const QString replaced = ansi ? u"?"_s : u"\uFFFD"_s;
+    const QString half(QChar(0xD83D));
+    PrivateProfile profile(Utf16("[S]\r\na=x" + half + "\r\n"), GetParam());
+    EXPECT_EQ(profile.Value(u"S", u"a", u""), "x" + replaced);
+
+    profile.SetValue(u"S", u"b", half + "y");
+
+    EXPECT_EQ(profile.Bytes(), Utf16("[S]\r\na=x" + half + "\r\nb=" + replaced + "y\r\n"));
 }
 
 TEST_P(ProfileUtf16, EveryUnitComesOutAsItWentIn)
