@@ -48,7 +48,7 @@ QStringList CommaList(QStringView text)
     return items;
 }
 
-void LoadTags(WeatherProfile &profile, const IniFile &file, QStringView section)
+void LoadTags(WeatherProfile &profile, const PrivateProfile &file, QStringView section)
 {
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
         for (const TagField &field : kTagFields) {
@@ -58,7 +58,7 @@ void LoadTags(WeatherProfile &profile, const IniFile &file, QStringView section)
     }
 }
 
-void LoadWeatherProfile(WeatherProfile &profile, const IniFile &file, QStringView section)
+void LoadWeatherProfile(WeatherProfile &profile, const PrivateProfile &file, QStringView section)
 {
     profile.title = ReadIniValue(file, section, u"title");
     if (profile.title.isEmpty())
@@ -80,16 +80,20 @@ void LoadWeatherProfile(WeatherProfile &profile, const IniFile &file, QStringVie
 
 } // namespace
 
-void LoadWeatherProfiles(ProfileTable &profiles, const IniPath &path)
+void LoadWeatherProfiles(ProfileTable &profiles, const PrivateProfile &file)
 {
-    const IniFile file(path);
     for (std::size_t i = 0; i < profiles.weather.size(); ++i)
         LoadWeatherProfile(profiles.weather[i], file, u"Profile"_s + QString::number(i));
 }
 
-std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniPath &path, int year)
+void LoadWeatherProfiles(ProfileTable &profiles, const IniPath &path)
 {
-    const IniFile file(path);
+    LoadWeatherProfiles(profiles, IniFile(path).Profile());
+}
+
+std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const PrivateProfile &file,
+                                           int year)
+{
     const auto read = [&file](QStringView key, QStringView fallback) {
         return ReadIniValue(file, u"ForecastProfile0", key, fallback);
     };
@@ -109,6 +113,11 @@ std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniP
         read(u"description", u"Seven-day weather forecast data is provided for the USA by NOAA");
     forecast.forecastText.clear();
     return WithYear(forecast.copyright, year);
+}
+
+std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniPath &path, int year)
+{
+    return LoadForecastProfile(forecast, IniFile(path).Profile(), year);
 }
 
 void ClearWeatherProfile(WeatherProfile &profile)

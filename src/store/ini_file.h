@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/ini_value.h"
 #include "store/private_profile.h"
 
 #include <QString>
@@ -40,14 +41,16 @@ private:
     bool m_readable = true;
 };
 
-/// The value of `key`, trimmed of spaces, with the tokens [SP] [CR] [LF] [TAB] turned into the
-/// characters they stand for.
-/// @return `fallback`, treated the same way, when the file has no such key.
-[[nodiscard]] QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
-                                   QStringView fallback = {});
+// The values of a file, by the rules of ini_value.h.
 
-/// Sets the value of `key` in the image; IniFile::Commit() stores it. With `encode`, spaces, tabs,
-/// line feeds and carriage returns become tokens, so that any text stays one line; without, the
-/// value loses its outer spaces.
-void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
-                   bool encode);
+[[nodiscard]] inline QString ReadIniValue(const IniFile &file, QStringView section, QStringView key,
+                                          QStringView fallback = {})
+{
+    return ReadIniValue(file.Profile(), section, key, fallback);
+}
+
+inline void WriteIniValue(IniFile &file, QStringView section, QStringView key, QStringView value,
+                          bool encode)
+{
+    WriteIniValue(file.Profile(), section, key, value, encode);
+}

@@ -25,25 +25,21 @@ QString ScheduleKey(std::size_t index)
     return u"ForecastSched"_s + QString::number(index);
 }
 
-QString Read(const IniFile &file, QStringView key, QStringView fallback)
+std::optional<QString> Find(const PrivateProfile &file, QStringView key)
 {
-    return ReadIniValue(file, kSettings, key, fallback);
+    return FindIniValue(file, kSettings, key);
 }
 
-void Write(IniFile &file, QStringView key, QStringView value)
+/// Reads a text; it stays as it is when the file lacks it.
+void Take(QString &text, const PrivateProfile &file, QStringView section, QStringView key)
+{
+    if (std::optional<QString> found = FindIniValue(file, section, key))
+        text = *std::move(found);
+}
+
+void Write(PrivateProfile &file, QStringView key, QStringView value)
 {
     WriteIniValue(file, kSettings, key, value, true);
-}
-
-/// Whether this run is the session's first. It is so only once: the file says so from here on, even
-/// if the program is not ended in an orderly way.
-bool TakeFirstRun(IniFile &file)
-{
-    if (Read(file, u"FirstRun", kTrue) != kTrue)
-        return false;
-    Write(file, u"FirstRun", kFalse);
-    file.Commit();
-    return true;
 }
 
 QString BoxText(bool checked)
@@ -51,56 +47,53 @@ QString BoxText(bool checked)
     return (checked ? kTrue : kFalse).toString();
 }
 
-/// Reads all settings but FirstRun; what the file lacks stays as it is.
-/// @return the text of CurrentProfile when it is no number.
-std::optional<QString> ReadAll(const IniFile &file, Settings &settings)
+} // namespace
+
+std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &file)
 {
-    settings.MinimizeOnStartupEnabled =
-        Read(file, u"MinimizeOnStartup", BoxText(settings.MinimizeOnStartupEnabled)) == kTrue;
+    if (const auto box = Find(file, u"MinimizeOnStartup"))
+        settings.MinimizeOnStartupEnabled = *box == kTrue;
     for (std::size_t i = 0; i < settings.location.size(); ++i) {
-        for (std::size_t n = 0; n < settings.location[i].size(); ++n) {
-            QString &location = settings.location[i][n];
-            location = ReadIniValue(file, ProfileSection(i), LocationKey(n), location);
-        }
+        for (std::size_t n = 0; n < settings.location[i].size(); ++n)
+            Take(settings.location[i][n], file, ProfileSection(i), LocationKey(n));
     }
-    settings.ForecastZone = Read(file, u"ForecastZone", settings.ForecastZone);
-    settings.ForecastState = Read(file, u"ForecastState", settings.ForecastState);
+    Take(settings.ForecastZone, file, kSettings, u"ForecastZone");
+    Take(settings.ForecastState, file, kSettings, u"ForecastState");
     // Unlike the flag above, a box is on for every text but this one.
     for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n) {
-        bool &checked = settings.ForecastSched[n];
-        checked = Read(file, ScheduleKey(n), BoxText(checked)) != kFalse;
+        if (const auto box = Find(file, ScheduleKey(n)))
+            settings.ForecastSched[n] = *box != kFalse;
     }
-    settings.HTTPPort = Read(file, u"HTTPPort", settings.HTTPPort);
+    Take(settings.HTTPPort, file, kSettings, u"HTTPPort");
 
-    const QString profile =
-        Read(file, u"CurrentProfile", QString::number(settings.currentWeatherProfile));
-    const auto number = WholeTextNumber(profile);
+    const std::optional<QString> profile = Find(file, u"CurrentProfile");
+    if (!profile)
+        return std::nullopt;
+    const auto number = WholeTextNumber(*profile);
     if (!number)
         return profile;
     settings.currentWeatherProfile = ToInt16(*number).value_or(0);
     return std::nullopt;
 }
 
-} // namespace
-
 LoadedSettings LoadSettings(const IniPath &path)
 {
     LoadedSettings loaded;
     IniFile file(path);
-    loaded.settings.IsFirstRun = TakeFirstRun(file);
-    loaded.badCurrentProfile = ReadAll(file, loaded.settings);
+    loaded.settings.IsFirstRun =
+        Find(file.Profile(), u"FirstRun").value_or(kTrue.toString()) == kTrue;
+    if (loaded.settings.IsFirstRun) {
+        // It is so only once: the file says so from here on, even if the program is not ended in an
+        // orderly way.
+        Write(file.Profile(), u"FirstRun", kFalse);
+        file.Commit();
+    }
+    loaded.badCurrentProfile = TakeSettings(loaded.settings, file.Profile());
     return loaded;
 }
 
-void TakeSettings(Settings &settings, const IniPath &path)
+void PutSettings(PrivateProfile &file, const Settings &settings)
 {
-    ReadAll(IniFile(path), settings);
-}
-
-bool SaveSettings(const IniPath &path, const Settings &settings)
-{
-    IniFile file(path);
-
     for (std::size_t i = 0; i < settings.location.size(); ++i) {
         for (std::size_t n = 0; n < settings.location[i].size(); ++n)
             WriteIniValue(file, ProfileSection(i), LocationKey(n), settings.location[i][n], true);
@@ -112,6 +105,11 @@ bool SaveSettings(const IniPath &path, const Settings &settings)
     Write(file, u"CurrentProfile", QString::number(settings.currentWeatherProfile));
     Write(file, u"MinimizeOnStartup", BoxText(settings.MinimizeOnStartupEnabled));
     Write(file, u"HTTPPort", settings.HTTPPort);
+}
 
+bool SaveSettings(const IniPath &path, const Settings &settings)
+{
+    IniFile file(path);
+    PutSettings(file.Profile(), settings);
     return file.Commit();
 }

@@ -35,9 +35,14 @@ struct LoadedSettings
 /// else is written. A number that no profile index can be (beyond 16 bits) is loaded as 0.
 [[nodiscard]] LoadedSettings LoadSettings(const IniPath &path);
 
-/// Takes over what a file of the same form holds. What it lacks stays as it is, and so does the
-/// current profile when its text is no number.
-void TakeSettings(Settings &settings, const IniPath &path);
+/// Takes over what a file's image holds. What it lacks stays as it is, to the last blank, and so
+/// does the current profile when its text is no number.
+/// @return that text; nothing when there is a number or no such key.
+// A recovery file's text is of no use to anybody, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
+std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &file);
+
+/// Puts all settings but FirstRun into a file's image.
+void PutSettings(PrivateProfile &file, const Settings &settings);
 
 /// Writes all settings but FirstRun in one go.
 /// @return false when the file could not be stored.

@@ -112,6 +112,22 @@ TEST_F(RecoveryFile, ChangesNothingThatItDoesNotHold)
     EXPECT_TRUE(settings == expected);
 }
 
+TEST_F(RecoveryFile, LeavesEveryCharacterOfWhatItDoesNotHold)
+{
+    folder.Write("r.ini", "[Settings]\r\nForecastState=MD\r\n");
+    Settings settings = Example();
+    settings.location[0][0] = " at the pier ";
+    settings.location[0][1] = "[TAB]";
+    settings.location[9][3] = QString(4096, 'x');
+    settings.ForecastZone = " MDZ011";
+    settings.HTTPPort = "80 ";
+    const Settings expected = settings;
+
+    SettingsRecovery(Ini()).Apply(settings);
+
+    EXPECT_TRUE(settings == expected);
+}
+
 TEST_F(RecoveryFile, ThatCannotBeWrittenIsTriedAgainAtTheNextChange)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("r.ini")));
