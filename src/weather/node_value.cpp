@@ -64,7 +64,9 @@ QStringView AfterPrefix(QStringView text, QStringView prefix)
 /// the very end leaves nothing to drop: the cut cannot be made.
 QStringView AfterSuffix(QStringView text, QStringView suffix)
 {
-    const qsizetype last = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix);
+    // Backwards from the last character on: without being told so, Qt 6.4 begins one place behind
+    // the end of the view, on the first character of the closing tag.
+    const qsizetype last = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix, -1);
     if (last < 0)
         return text;
     const QStringView rest = last + 2 <= text.size() ? text.sliced(last + 2) : text;
