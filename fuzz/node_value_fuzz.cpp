@@ -2,43 +2,64 @@
 
 #include <QDateTime>
 
-#include <cstdlib>
+#include "fuzz_input.h"
+#include "plain_node_value.h"
 
-#include "fuzz_text.h"
+namespace {
+
+/// Looking for the tags with care finds what is there, and nothing else.
+void CheckPlace(const QString &data, const PlainQuery &query)
+{
+    QString close = query.close;
+    const NodePlace place =
+        FindNode(data, {.openTag = query.open, .closeTag = close, .prefix = query.prefix});
+
+    const qsizetype open = query.open.isEmpty() ? -1 : data.indexOf(query.open);
+    Demand(place.open == open, "the first opening tag is found");
+    Demand(place.close < 0 || place.close >= open + query.open.size(), "tags stand in order");
+    Demand(place.close < 0 || data.mid(place.close).startsWith(close), "the closing tag is there");
+    if (open < 0)
+        return;
+    const QString behind = PlainBehindTags(data, query);
+    const qsizetype end = behind.indexOf(PlainLineEnd(query.close));
+    Demand((place.close >= 0) == (end >= 0), "the closing tag counts behind the prefix");
+    Demand(place.text == PlainTrim(behind.left(qMax(end, 0))), "the text stands in between");
+}
+
+} // namespace
 
 // The contract: never an empty text; a profile that says so is believed without a search; after a
-// search the closing tag is resolved and the caller's text has no tab left.
+// search the closing tag is resolved and the caller's text has no tab left; the value is the one
+// that the plain version cuts out.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
-    constexpr std::size_t kTag = 24;
-    FuzzedDataProvider input(bytes, size);
-    const QString open = TakeText(input, kTag);
-    const QString prefix = TakeText(input, kTag);
-    const QString suffix = TakeText(input, kTag);
-    const QString units = TakeText(input, kTag);
-    const QString factor = TakeText(input, kTag);
-    const QString format = TakeText(input, kTag);
-    QString close = TakeText(input, kTag);
-    QString data = QString::fromStdString(input.ConsumeRemainingBytesAsString());
+    FuzzInput input(bytes, size);
+    PlainQuery query;
+    for (QString *field : {&query.open, &query.close, &query.prefix, &query.suffix, &query.units,
+                           &query.factor, &query.format})
+        *field = TextOf(input.Line());
+    const QString received = TextOf(input.Rest());
     const QDateTime now(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
 
-    const QString value = GetNodeValue(data, {.openTag = open,
-                                              .closeTag = close,
-                                              .prefix = prefix,
-                                              .suffix = suffix,
-                                              .units = units,
-                                              .factor = factor,
-                                              .format = format,
-                                              .now = &now});
+    QString data = received;
+    QString close = query.close;
+    const NodeQuery nodeQuery{.openTag = query.open,
+                              .closeTag = close,
+                              .prefix = query.prefix,
+                              .suffix = query.suffix,
+                              .units = query.units,
+                              .factor = query.factor,
+                              .format = query.format,
+                              .now = &now};
+    const QString value = GetNodeValue(data, nodeQuery);
 
-    if (value.isEmpty())
-        std::abort();
-    if (units == u"?" && value != kNotAvailableFromService)
-        std::abort();
-    if (units != u"?" && open.isEmpty() && value != kNotAvailable)
-        std::abort();
-    const bool searched = units != u"?" && !open.isEmpty();
-    if (searched && (close.isEmpty() || data.contains(u'\t')))
-        std::abort();
+    Demand(!value.isEmpty(), "never empty");
+    Demand(query.units != "?" || value == kNotAvailableFromService, "a profile is believed");
+    const bool searched = query.units != "?" && !query.open.isEmpty();
+    Demand(!searched || (!close.isEmpty() && !data.contains('\t')), "line end and tabs resolved");
+    Demand(searched || data == received, "nothing changes without a search");
+    Demand(value == PlainNodeValue(received, query, now), "the plain version's value");
+    Demand(!searched || GetNodeValueWithoutTabs(data, nodeQuery) == value, "the same without tabs");
+    CheckPlace(data, query);
     return 0;
 }

@@ -7,9 +7,10 @@ SourceFiles() { git ls-files -z --cached --others --exclude-standard -- '*.cpp' 
 CheckFormat() { SourceFiles | xargs -0 clang-format-14 --dry-run -Werror; }
 
 # The words of .codespellignore are names that only look misspelt. The replies, INI files and
-# pictures of the tests are data.
+# pictures of the tests are data, and so is what the fuzz targets begin with.
 CheckSpelling() {
-  git ls-files -z --cached --others --exclude-standard -- ':!tests/data' ':!*.png' |
+  git ls-files -z --cached --others --exclude-standard -- ':!tests/data' ':!fuzz/corpus' \
+    ':!*.png' |
     xargs -0 codespell --ignore-words=.codespellignore
 }
 
@@ -22,12 +23,15 @@ CheckIcons() {
   diff --recursive --exclude=make --exclude=icons.qrc src/graph/icons "$drawn"
 }
 
-# Only the project's own sources: the generated moc files trip two of the checks.
+# Only the project's own sources: the generated moc files trip two of the checks. The fuzz targets
+# are in the compile commands of their own build alone.
 CheckTidy() {
   local root
   root=$(pwd | sed 's/[][\.*^$+?(){}|]/\\&/g')
-  run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|fuzz|bench|tools|examples)/" </dev/null 2>&1 |
-    sed --regexp-extended '/^clang-tidy-14 |^[0-9]+ warnings? generated/d'
+  {
+    run-clang-tidy-14 -quiet -j 2 -p build/dev "^$root/(src|tests|bench|tools|examples)/"
+    run-clang-tidy-14 -quiet -j 2 -p build/fuzz "^$root/fuzz/"
+  } </dev/null 2>&1 | sed --regexp-extended '/^clang-tidy-14 |^[0-9]+ warnings? generated/d'
 }
 
 # The package starts from wherever it is unpacked, stays up, and SIGTERM ends it in good order.
@@ -69,16 +73,24 @@ CheckHardening() {
   Has "no stack protector" '__stack_chk_fail' "$symbols"
 }
 
-# Each fuzz target for five seconds from its corpus. What it finds stays out of the tree.
+# One fuzz target for five seconds, from its corpus and with its dictionary.
+FuzzTopic() {
+  local topic=$1 found=$2
+  mkdir "$found/$topic"
+  "build/fuzz/fuzz/${topic}_fuzz" -max_total_time=5 -max_len=4096 -verbosity=0 \
+    -dict="fuzz/dictionaries/$topic.dict" -artifact_prefix="$found/$topic-" \
+    "$found/$topic" "fuzz/corpus/$topic" ||
+    Fail "the fuzz target '$topic' has found something"
+}
+
+# All fuzz targets, two at a time. What they find stays out of the tree.
 CheckFuzzing() {
-  local target found
+  local found
   ConfigureAndBuild fuzz
   found=$(mktemp -d)
-  for target in build/fuzz/fuzz/*_fuzz; do
-    local topic=${target##*/}
-    mkdir "$found/$topic"
-    "$target" -max_total_time=5 -max_len=4096 -artifact_prefix="$found/" -verbosity=0 \
-      "$found/$topic" "fuzz/corpus/${topic%_fuzz}"
-  done
+  export -f FuzzTopic Fail
+  # shellcheck disable=SC2016 # the inner shell's arguments
+  (cd fuzz && printf '%s\n' *_fuzz.cpp) | sed 's/_fuzz\.cpp$//' |
+    xargs -P 2 -I '{}' bash -c 'FuzzTopic "$1" "$2"' - '{}' "$found"
   rm -rf "$found"
 }

@@ -1,0 +1,220 @@
+#include "profiles/profile_file.h"
+#include "weather/formulas.h"
+#include "weather/main_node.h"
+#include "weather/required_values.h"
+#include "weather/weather_data.h"
+
+#include <algorithm>
+
+#include "fuzz_input.h"
+#include "plain_node_value.h"
+
+namespace {
+
+const QDateTime kNow(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
+
+/// What the parser says to its surroundings.
+class RecordingHost final : public WeatherDataHost
+{
+public:
+    void SetStatus(const QString &text) override { status = text; }
+    void ShowRawData(const QString &reply) override { raw.append(reply); }
+    void CheckMinMaxTemp(double temp) override { temps.push_back(temp); }
+    [[nodiscard]] const MinMaxTemps &MinMax() const override { return minMax; }
+
+    QString status;
+    QStringList raw;
+    std::vector<double> temps;
+    MinMaxTemps minMax;
+};
+
+/// How one quantity is computed, and below which result it does not apply.
+struct Rule
+{
+    Quantity quantity = {};
+    const char *tokenF = nullptr;
+    const char *tokenC = nullptr;
+    double (*inF)(double, double) = nullptr;
+    double (*inC)(double, double) = nullptr;
+    double least = 0;
+};
+
+constexpr Rule kWindChill{Quantity::WindChill, "%WCF%",       "%WCC%",
+                          GetWindChillF,       GetWindChillC, -200};
+constexpr Rule kHeatIndex{Quantity::HeatIndex, "%HIF%", "%HIC%", GetHeatIndexF, GetHeatIndexC, 0};
+constexpr Rule kDewPoint{Quantity::DewPoint, "%DPF%", "%DPC%", GetDewPointF, GetDewPointC, -200};
+
+/// The whole parse said once more: one value behind the other, each by its own rule.
+class PlainParser
+{
+public:
+    PlainParser(const WeatherProfile &profile, QString working, const MinMaxTemps &minMax)
+        : m_profile(profile)
+        , m_working(std::move(working))
+        , m_minMax(minMax)
+    {}
+
+    WeatherValues Parse()
+    {
+        v.timeValue = Or(Read(Quantity::Time), "11/20/2026 12:00:00 PM");
+        v.locationValue = Or(Read(Quantity::Location), m_profile.location[0]);
+        v.temperatureValue = Read(Quantity::Temperature, "0.0");
+        v.conditionsValue = ReadWith(Quantity::Conditions, "", "0");
+        v.windSpeedDirValue = Wind();
+        v.humidityValue = Read(Quantity::Humidity);
+        v.atmosPressValue = Read(Quantity::AtmosPress);
+        v.visibilityValue = Read(Quantity::Visibility);
+        v.sunriseValue = Read(Quantity::Sunrise);
+        v.sunsetValue = Read(Quantity::Sunset);
+        v.minTempValue = m_minMax.PrevMinTemp <= -1000
+                           ? "N/A"
+                           : NumberToText(m_minMax.PrevMinTemp)
+                                 + Units(Quantity::MinTemp).replace("%MIN%", "");
+        v.maxTempValue = m_minMax.PrevMaxTemp >= 1000
+                           ? "N/A"
+                           : NumberToText(m_minMax.PrevMaxTemp)
+                                 + Units(Quantity::MaxTemp).replace("%MAX%", "");
+        v.precipValue = Read(Quantity::Precip);
+        v.windchillValue = Computed(kWindChill, SpeedText());
+        v.heatindexValue = Computed(kHeatIndex, v.humidityValue);
+        v.dewPointValue = Computed(kDewPoint, v.humidityValue);
+        return v;
+    }
+
+private:
+    static QString Or(const QString &value, const QString &instead)
+    {
+        return value.isEmpty() || value == "N/A" ? instead : value;
+    }
+
+    [[nodiscard]] QString Units(Quantity quantity) const { return m_profile[quantity].Units; }
+
+    [[nodiscard]] QString ReadWith(Quantity quantity, const QString &units, const QString &factor,
+                                   const QString &format = {}) const
+    {
+        const QuantityTags &tags = m_profile[quantity];
+        return PlainNodeValue(
+            m_working, {tags.Open, tags.Close, tags.Prefix, tags.Suffix, units, factor, format},
+            kNow);
+    }
+
+    [[nodiscard]] QString Read(Quantity quantity, const QString &format = {}) const
+    {
+        return ReadWith(quantity, Units(quantity), m_profile[quantity].Factor, format);
+    }
+
+    [[nodiscard]] QString Wind() const
+    {
+        QString speed = Read(Quantity::WindSpeed);
+        if (!m_profile.concatinateWindSpeedDir)
+            return speed;
+        const QString direction = ReadWith(Quantity::WindDir, Units(Quantity::WindDir), "0");
+        if (speed == "N/A" || direction == "N/A")
+            return "N/A";
+        if (m_profile.windSpeedDirFormat.isEmpty())
+            return speed + " at " + direction;
+        return QString(m_profile.windSpeedDirFormat)
+            .replace("%SPEED%", speed)
+            .replace("%DIR%", direction);
+    }
+
+    /// The wind from its first digit or point on; "N/A" when there is none.
+    [[nodiscard]] QString SpeedText() const
+    {
+        if (v.windSpeedDirValue == "N/A")
+            return "N/A";
+        for (qsizetype i = 0; i < v.windSpeedDirValue.size(); ++i) {
+            if (QString("0123456789.").contains(v.windSpeedDirValue[i]))
+                return v.windSpeedDirValue.mid(i);
+        }
+        return "N/A";
+    }
+
+    /// A quantity that its units text may ask to be computed.
+    [[nodiscard]] QString Computed(const Rule &rule, const QString &other) const
+    {
+        const QString units = Units(rule.quantity);
+        const bool fahrenheit = units.contains(rule.tokenF);
+        if (!fahrenheit && !units.contains(rule.tokenC))
+            return Read(rule.quantity);
+        if (Or(v.temperatureValue, "N/A") == "N/A" || Or(other, "N/A") == "N/A")
+            return "N/A";
+        const std::optional<double> a = LeadingNumber(v.temperatureValue);
+        const std::optional<double> b = LeadingNumber(other);
+        if (!a || !b)
+            return "N/A";
+        const double result = fahrenheit ? rule.inF(*a, *b) : rule.inC(*a, *b);
+        if (std::isnan(result) || result < rule.least)
+            return "N/A";
+        return QString(units).replace(fahrenheit ? rule.tokenF : rule.tokenC,
+                                      FormatNumber(result, u"0.0"));
+    }
+
+    const WeatherProfile &m_profile;
+    QString m_working;
+    const MinMaxTemps &m_minMax;
+    WeatherValues v = {};
+};
+
+/// The reply cut down to the main node; nothing when a tag is missing.
+std::optional<QString> PlainWorking(const WeatherProfile &profile, QString text)
+{
+    text.replace("\r", "").replace("\n", "").replace("\t", "");
+    const QString &open = profile.mainNodeOpen;
+    if (open.isEmpty() || profile.mainNodeClose.isEmpty())
+        return text;
+    const qsizetype openAt = text.indexOf(open) + 1;
+    const qsizetype closeAt = openAt < 1 ? 0 : text.indexOf(profile.mainNodeClose, openAt - 1) + 1;
+    if (closeAt < 1)
+        return std::nullopt;
+    const qsizetype length = closeAt - openAt - open.size();
+    return length < 0 ? text : text.mid(openAt + open.size() - 2, length);
+}
+
+void CheckRaw(const RecordingHost &host, const QString &reply)
+{
+    Demand(host.raw == QStringList(reply), "the reply is shown once, as it came");
+    QString shown = reply;
+    shown.replace("\r", "").replace("\n", "\r\n").replace("\t", "     ");
+    Demand(RawDataText(reply) == shown, "line ends and tabs in the raw data");
+}
+
+} // namespace
+
+// The contract: without its main node or a required value a reply changes nothing and the status
+// says so; else all sixteen values are those of the plain version, and none but the place is empty.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
+{
+    FuzzInput input(bytes, size);
+    ProfileTable profiles;
+    LoadWeatherProfiles(profiles, PrivateProfile(input.UpTo("-- reply --"), CodePage::Utf8));
+    WeatherProfile &profile = profiles.weather[0];
+    profile.location[0] = "KNYC";
+    profile.values.temperatureValue = "as before";
+    const QString reply = TextOf(input.Rest());
+    RecordingHost host;
+    host.minMax.PrevMinTemp = 45.5;
+    host.minMax.PrevMaxTemp = profile.concatinateWindSpeedDir ? 1000 : 71;
+    const WeatherProfile before = profile;
+    std::optional<QString> working = PlainWorking(profile, reply);
+    const bool whole = working && !MissingRequiredValue(profile, *working);
+
+    const bool parsed = ParseWeatherData(&profile, reply, kNow, host);
+
+    CheckRaw(host, reply);
+    Demand(parsed == whole, "a reply with all that is required is parsed");
+    if (!parsed) {
+        Demand(profile.values == before.values && host.temps.empty(), "nothing changes");
+        Demand(!host.status.isEmpty(), "the status says why");
+        return 0;
+    }
+    const WeatherValues plain = PlainParser(before, *working, host.minMax).Parse();
+    for (const WeatherValueField &field : kWeatherValueFields) {
+        Demand(!(profile.values.*field.value).isEmpty(), "no value is empty");
+        Demand(profile.values.*field.value == plain.*field.value, "the plain version's value");
+    }
+    const QString store = before[Quantity::MinTemp].Units + before[Quantity::MaxTemp].Units;
+    Demand(host.temps.empty() || store.contains('%'), "a reading goes to the store if asked so");
+    Demand(std::ranges::all_of(host.temps, [](double t) { return std::isfinite(t); }), "a number");
+    return 0;
+}
