@@ -66,7 +66,7 @@ std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &fi
     }
     Take(settings.HTTPPort, file, kSettings, u"HTTPPort");
 
-    const std::optional<QString> profile = Find(file, u"CurrentProfile");
+    std::optional<QString> profile = Find(file, u"CurrentProfile");
     if (!profile)
         return std::nullopt;
     const auto number = WholeTextNumber(*profile);
