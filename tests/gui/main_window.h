@@ -18,6 +18,12 @@ class MainWindow
 public:
     MainWindow() { state.files.folder = m_folder.path(); }
 
+    /// With the test's own transfers instead.
+    explicit MainWindow(HttpTransfers &transfers) : platform{clock, transfers, panelIcon}
+    {
+        state.files.folder = m_folder.path();
+    }
+
     /// Makes the window and brings it up.
     std::optional<QString> Start(const QString &command = {})
     {

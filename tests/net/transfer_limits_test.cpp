@@ -1,8 +1,9 @@
+#include "support/gzip.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
-#include <zlib.h>
 
 #include <array>
 
@@ -15,23 +16,6 @@ namespace {
 using Connection = LoopbackConnection;
 
 constexpr size_t kLimit = 16777216; // 16 MiB
-
-std::string Gzip(std::string text)
-{
-    z_stream zlib = {};
-    EXPECT_EQ(
-        deflateInit2(&zlib, Z_BEST_COMPRESSION, Z_DEFLATED, MAX_WBITS + 16, 8, Z_DEFAULT_STRATEGY),
-        Z_OK);
-    std::string packed(deflateBound(&zlib, text.size()), '\0');
-    zlib.next_in = reinterpret_cast<Bytef *>(text.data());
-    zlib.avail_in = static_cast<uInt>(text.size());
-    zlib.next_out = reinterpret_cast<Bytef *>(packed.data());
-    zlib.avail_out = static_cast<uInt>(packed.size());
-    EXPECT_EQ(deflate(&zlib, Z_FINISH), Z_STREAM_END);
-    packed.resize(zlib.total_out);
-    deflateEnd(&zlib);
-    return packed;
-}
 
 Outcome GetPacked(const std::string &body, const TransferOptions &options = {},
                   const std::string &encoding = "gzip")

@@ -1,4 +1,4 @@
-#include <fstream>
+#include "support/process_counts.h"
 
 #include "transfer_support.h"
 
@@ -8,18 +8,6 @@
 namespace {
 
 using Connection = LoopbackConnection;
-
-/// Memory that belongs to this process alone and is in use now, in KiB.
-long PrivateMemory()
-{
-    std::ifstream smaps("/proc/self/smaps_rollup");
-    std::string word;
-    while (smaps >> word && word != "Anonymous:") {
-    }
-    long kibibytes = 0;
-    smaps >> kibibytes;
-    return kibibytes;
-}
 
 void AnswerLargeOrSmall(Connection &connection, const std::string &head)
 {

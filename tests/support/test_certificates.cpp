@@ -47,7 +47,7 @@ Certificate MakeCertificate(const std::string &name, long serial, EVP_PKEY *key,
     X509 *const certificate = made.get();
     X509_set_version(certificate, X509_VERSION_3);
     ASN1_INTEGER_set(X509_get_serialNumber(certificate), serial);
-    X509_gmtime_adj(X509_getm_notBefore(certificate), -kOneDay);
+    X509_gmtime_adj(X509_getm_notBefore(certificate), -2 * kOneDay);
     X509_gmtime_adj(X509_getm_notAfter(certificate), kOneDay);
     X509_set_pubkey(certificate, key);
     X509_NAME *const subject = X509_get_subject_name(certificate);
@@ -71,22 +71,54 @@ std::string Pem(X509 *certificate)
     return pem;
 }
 
+void Sign(const Certificate &certificate, const Key &key)
+{
+    Check(X509_sign(certificate.get(), key.get(), EVP_sha256()) > 0);
+}
+
+/// A certificate and the key that goes with it.
+struct Identity
+{
+    Key key{EVP_EC_gen("P-256")};
+    Certificate certificate = {};
+};
+
+Identity MakeAuthority()
+{
+    Identity made;
+    made.certificate = MakeCertificate("Test Authority", 1, made.key.get(), nullptr);
+    X509 *const own = made.certificate.get();
+    AddExtension(own, own, NID_basic_constraints, "critical,CA:TRUE");
+    AddExtension(own, own, NID_key_usage, "critical,keyCertSign");
+    Sign(made.certificate, made.key);
+    return made;
+}
+
+Identity MakeServer(ServerCertificate kind, const Identity &authority)
+{
+    const bool isOwn = kind == ServerCertificate::SelfSigned;
+    Identity made;
+    made.certificate = MakeCertificate("Test Server", 2 + static_cast<long>(kind), made.key.get(),
+                                       isOwn ? nullptr : authority.certificate.get());
+    X509 *const server = made.certificate.get();
+    AddExtension(server, isOwn ? server : authority.certificate.get(), NID_subject_alt_name,
+                 kind == ServerCertificate::OtherName ? "DNS:other.test" : "IP:127.0.0.1");
+    if (kind == ServerCertificate::Expired)
+        X509_gmtime_adj(X509_getm_notAfter(server), -kOneDay);
+    Sign(made.certificate, isOwn ? made.key : authority.key);
+    return made;
+}
+
 } // namespace
 
-TestCertificates::TestCertificates() : m_context(SSL_CTX_new(TLS_server_method()))
+TestCertificates::TestCertificates()
 {
-    const Key authorityKey(EVP_EC_gen("P-256"));
-    const Certificate authority = MakeCertificate("Test Authority", 1, authorityKey.get(), nullptr);
-    AddExtension(authority.get(), authority.get(), NID_basic_constraints, "critical,CA:TRUE");
-    AddExtension(authority.get(), authority.get(), NID_key_usage, "critical,keyCertSign");
-    Check(X509_sign(authority.get(), authorityKey.get(), EVP_sha256()) > 0);
-
-    const Key serverKey(EVP_EC_gen("P-256"));
-    const Certificate server = MakeCertificate("Test Server", 2, serverKey.get(), authority.get());
-    AddExtension(server.get(), authority.get(), NID_subject_alt_name, "IP:127.0.0.1");
-    Check(X509_sign(server.get(), authorityKey.get(), EVP_sha256()) > 0);
-
-    m_authorityPem = Pem(authority.get());
-    Check(SSL_CTX_use_certificate(m_context.get(), server.get()) == 1
-          && SSL_CTX_use_PrivateKey(m_context.get(), serverKey.get()) == 1);
+    const Identity authority = MakeAuthority();
+    m_authorityPem = Pem(authority.certificate.get());
+    for (size_t i = 0; i < m_contexts.size(); ++i) {
+        const Identity server = MakeServer(static_cast<ServerCertificate>(i), authority);
+        m_contexts[i].reset(SSL_CTX_new(TLS_server_method()));
+        Check(SSL_CTX_use_certificate(m_contexts[i].get(), server.certificate.get()) == 1
+              && SSL_CTX_use_PrivateKey(m_contexts[i].get(), server.key.get()) == 1);
+    }
 }

@@ -2,18 +2,33 @@
 
 #include <openssl/ssl.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
-/// An authority of the test's own and a server context for 127.0.0.1 that it has signed. Made
-/// fresh each time; nothing of it is ever written to a disk.
+/// What a server shows.
+enum class ServerCertificate
+{
+    Valid,      ///< For 127.0.0.1, signed by the test's authority.
+    Expired,    ///< The same until a day ago.
+    SelfSigned, ///< For 127.0.0.1, signed by itself.
+    OtherName,  ///< Signed by the test's authority for another name.
+};
+
+/// An authority of the test's own and servers' certificates. Made fresh each time; nothing of it is
+/// ever written to a disk.
 class TestCertificates
 {
 public:
     TestCertificates();
 
     [[nodiscard]] const std::string &AuthorityPem() const { return m_authorityPem; }
-    [[nodiscard]] SSL_CTX *ServerContext() const { return m_context.get(); }
+
+    /// What a server needs to show that certificate.
+    [[nodiscard]] SSL_CTX *ServerContext(ServerCertificate kind = ServerCertificate::Valid) const
+    {
+        return m_contexts[static_cast<size_t>(kind)].get();
+    }
 
 private:
     struct ContextCleanup
@@ -21,6 +36,8 @@ private:
         void operator()(SSL_CTX *context) const { SSL_CTX_free(context); }
     };
 
+    using Context = std::unique_ptr<SSL_CTX, ContextCleanup>;
+
     std::string m_authorityPem;
-    std::unique_ptr<SSL_CTX, ContextCleanup> m_context;
+    std::array<Context, 4> m_contexts; ///< In the order of ServerCertificate.
 };

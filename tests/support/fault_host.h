@@ -1,0 +1,83 @@
+#pragma once
+
+#include "support/loopback_server.h"
+#include "support/test_certificates.h"
+
+#include <array>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+
+/// How the program gets to a host that has, or is, the fault.
+enum class Way
+{
+    Plain,      ///< http; the host is there.
+    Secure,     ///< https with a valid certificate.
+    Expired,    ///< https with a certificate that has run out,
+    SelfSigned, ///< one that nobody vouches for,
+    OtherName,  ///< and one of another host.
+    Refused,    ///< Nobody listens there.
+    NoRoute,    ///< No network leads there.
+    NoName,     ///< The name server does not know it, or does not answer.
+};
+
+/// What was asked for when a fault strikes.
+struct FaultyRequest
+{
+    std::string body;   ///< Of the right answer.
+    std::string path;   ///< With its query.
+    std::string plain;  ///< The host's addresses, scheme and host; behind both there are right
+    std::string secure; ///< answers for `path` and "moved" behind it.
+};
+
+/// A host on the loopback, over http and https, that gives right answers and, on one path, shows a
+/// fault as long as it is told to.
+class FaultHost
+{
+public:
+    /// Answers one request in another way. Runs on the host's threads.
+    using Fault = std::function<void(LoopbackConnection &connection, const FaultyRequest &request)>;
+
+    /// @param certificates outlive the host.
+    explicit FaultHost(const TestCertificates &certificates);
+    ~FaultHost();
+    Q_DISABLE_COPY_MOVE(FaultHost)
+
+    /// Scheme and host for that way, no slash at the end.
+    [[nodiscard]] const std::string &Address(Way way) const
+    {
+        return m_addresses[static_cast<size_t>(way)];
+    }
+
+    /// The right answer for `path` from now on.
+    /// @param keeps false: its connection ends with it.
+    void Offer(const std::string &path, const std::string &body, bool keeps = true);
+
+    /// From now on `path` has the fault; null: it is mended.
+    void Strike(const std::string &path, Fault fault);
+
+    [[nodiscard]] int Struck() const; ///< Requests that met a fault.
+
+private:
+    struct Page
+    {
+        std::string body = {};
+        bool keeps = true;
+    };
+
+    void Answer(LoopbackConnection &connection, const std::string &head);
+    [[nodiscard]] std::string MakeAddress(Way way) const;
+
+    mutable std::mutex m_mutex;
+    std::map<std::string, Page> m_pages; ///< By their paths. Guarded by m_mutex, as the next.
+    std::string m_faultyPath;
+    Fault m_fault;
+    int m_struck = 0;
+
+    int m_refusingPort = 0;
+    int m_refusing; ///< A socket that keeps that port, where nobody listens.
+    std::array<std::string, 8> m_addresses; ///< In the order of Way.
+    std::unique_ptr<LoopbackServer> m_plain;
+    std::array<std::unique_ptr<LoopbackServer>, 4> m_secure; ///< In the order of ServerCertificate.
+};
