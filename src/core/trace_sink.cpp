@@ -44,13 +44,43 @@ std::unique_ptr<TraceListener> DefaultSink()
 #endif
 }
 
+/// True for what ends a line for one reader or another, and for what steers a terminal. A tab does
+/// neither.
+bool IsEscaped(QChar c)
+{
+    constexpr QChar kDelete(0x7F);
+    constexpr QChar kLastControl(0x9F);
+    return (c < u' ' && c != u'\t') || (c >= kDelete && c <= kLastControl)
+        || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+QByteArray Escape(QChar c)
+{
+    switch (c.unicode()) {
+    case u'\r':
+        return "\\r";
+    case u'\n':
+        return "\\n";
+    case u'\0':
+        return "\\0";
+    default:
+        return "\\x" + QByteArray::number(c.unicode(), 16).rightJustified(2, '0').toUpper();
+    }
+}
+
 } // namespace
 
 QByteArray TraceLineBytes(const QString &line)
 {
-    QByteArray bytes = line.toUtf8();
-    bytes.replace('\r', "\\r").replace('\n', "\\n").replace('\0', "\\0");
-    return bytes.append('\n');
+    QByteArray bytes;
+    qsizetype begin = 0; // of what has not been taken over yet
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (!IsEscaped(line[i]))
+            continue;
+        bytes += QStringView(line).sliced(begin, i - begin).toUtf8() + Escape(line[i]);
+        begin = i + 1;
+    }
+    return bytes + QStringView(line).sliced(begin).toUtf8() + '\n';
 }
 
 std::unique_ptr<TraceListener> OpenTraceSink(const QString &where)

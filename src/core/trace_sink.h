@@ -7,8 +7,9 @@
 
 #include <memory>
 
-/// `line` as one line of UTF-8 with its line end: carriage returns, line feeds and NULs inside it
-/// become "\r", "\n" and "\0".
+/// `line` as one line of UTF-8 with its line end, for every reader and on every terminal: carriage
+/// returns, line feeds and NULs inside it become "\r", "\n" and "\0", other control characters but
+/// tabs, and the line and paragraph separators of Unicode, "\x" and their hexadecimal number.
 [[nodiscard]] QByteArray TraceLineBytes(const QString &line);
 
 /// Opens the channel that `where` (the environment variable TAVRIN_TRACE) names: "1" is the

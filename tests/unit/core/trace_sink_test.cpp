@@ -23,6 +23,25 @@ TEST(TraceLine, StaysOneLine)
     EXPECT_EQ(TraceLineBytes(QString(QChar(0x00B0))), "\xC2\xB0\n"); // degree sign
 }
 
+TEST(TraceLine, StaysOneLineForEveryReader)
+{
+    // What one reader or another takes for a line end: vertical tab, form feed, the separators 28
+    // to 30, next line, line and paragraph separator.
+    EXPECT_EQ(TraceLineBytes("a\vb\fc\x1C"
+                             "d\x1D"
+                             "e\x1E"
+                             "f"),
+              "a\\x0Bb\\x0Cc\\x1Cd\\x1De\\x1Ef\n");
+    EXPECT_EQ(TraceLineBytes(QString("a") + QChar(0x0085) + QChar(0x2028) + QChar(0x2029) + "b"),
+              "a\\x85\\x2028\\x2029b\n");
+}
+
+TEST(TraceLine, CannotSteerATerminal)
+{
+    EXPECT_EQ(TraceLineBytes(QString("\x1B[2Ja\x7F") + QChar(0x009B) + "b"),
+              "\\x1B[2Ja\\x7F\\x9Bb\n");
+}
+
 TEST(TraceSink, AppendsToTheFileLineByLine)
 {
     const QTemporaryDir folder;
