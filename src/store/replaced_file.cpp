@@ -64,16 +64,19 @@ QString TemporaryName(const QString &path)
     return path + kMarker + QString::number(random, 16) + kEnding;
 }
 
-/// Opens a file beside `path` that was not there before. It has the mode and the access list that
-/// the mode mask and the folder give to new files.
+/// Opens a file beside `path` that was not there before. In the place of no file it has the mode
+/// and the access list that the mode mask and the folder give to new files; else it is the user's
+/// alone until KeepRights(), since who opened it earlier would read what is written later.
 /// @return its name; empty when there can be none, with the reason in errno.
 QString OpenNew(QFile &file, const QString &path)
 {
-    constexpr mode_t kReadWriteForAll = 0666;
+    constexpr mode_t kForAll = 0666;
+    constexpr mode_t kForUser = 0600;
+    const mode_t mode = QFile::exists(path) ? kForUser : kForAll;
     for (int i = 0; i < kTries; ++i) {
         QString name = TemporaryName(path);
         const int handle = ::open(QFile::encodeName(name).constData(),
-                                  O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kReadWriteForAll);
+                                  O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
         if (handle >= 0 && file.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
             return name;
         if (handle >= 0 || errno != EEXIST)

@@ -2,6 +2,7 @@
 #include "support/qt_printers.h"
 #include "support/recorded_trace.h"
 #include "support/test_files.h"
+#include "support/watched_open.h"
 
 #include <QDir>
 
@@ -13,6 +14,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <functional>
 
 namespace {
 
@@ -144,6 +146,94 @@ TEST_F(ReplacedFile, WithoutAFolderThereAreNoLeftovers)
 {
     RemoveLeftovers(folder.Path("none/Weather.ini"));
     EXPECT_EQ(Files(), QStringList());
+}
+
+/// Somebody else in the folder, who knows the name of the temporary file and is there first.
+class PlantedFile : public ReplacedFile
+{
+protected:
+    void SetUp() override
+    {
+        folder.Write("Weather.ini", "old");
+        folder.Write("victim", "theirs");
+    }
+
+    /// Stores "new" while `plant` lays something under the first name that is tried.
+    QString ReplaceOver(const std::function<void(const char *name)> &plant)
+    {
+        const WatchedOpen watch([&](const char *path, mode_t /*mode*/) {
+            if (names.isEmpty())
+                plant(path);
+            names.append(QFile::decodeName(path));
+        });
+        return ReplaceFile(Path(), {"new"});
+    }
+
+    void ExpectAnotherName()
+    {
+        ASSERT_EQ(names.size(), 2);
+        EXPECT_NE(names[0], names[1]);
+        EXPECT_EQ(folder.Bytes("Weather.ini"), "new");
+        EXPECT_FALSE(QFile::exists(names[1])) << "renamed";
+    }
+
+    QStringList names; ///< Of the temporary files that were tried.
+};
+
+TEST_F(PlantedFile, IsNotOverwritten)
+{
+    EXPECT_EQ(ReplaceOver([](const char *name) {
+                  QFile file(QFile::decodeName(name));
+                  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+                  file.write("planted");
+              }),
+              "");
+
+    ExpectAnotherName();
+    QFile planted(names[0]);
+    ASSERT_TRUE(planted.open(QIODevice::ReadOnly));
+    EXPECT_EQ(planted.readAll(), "planted");
+}
+
+TEST_F(PlantedFile, IsNotFollowedWhereItIsALink)
+{
+    const QString victim = folder.Path("victim");
+    EXPECT_EQ(ReplaceOver([&](const char *name) {
+                  ASSERT_TRUE(QFile::link(victim, QFile::decodeName(name)));
+              }),
+              "");
+
+    ExpectAnotherName();
+    EXPECT_TRUE(QFileInfo(names[0]).isSymLink());
+    EXPECT_EQ(folder.Bytes("victim"), "theirs");
+}
+
+TEST_F(PlantedFile, IsNotFollowedWhereItIsALinkToNothing)
+{
+    const QString nothing = folder.Path("nothing");
+    EXPECT_EQ(ReplaceOver([&](const char *name) {
+                  ASSERT_TRUE(QFile::link(nothing, QFile::decodeName(name)));
+              }),
+              "");
+
+    ExpectAnotherName();
+    EXPECT_FALSE(QFile::exists(nothing));
+}
+
+TEST_F(ReplacedFile, IsNeverOpenToMoreThanTheOldOneWas)
+{
+    folder.Write("Weather.ini", "old");
+    ASSERT_TRUE(QFile::setPermissions(Path(), QFile::ReadOwner | QFile::WriteOwner));
+    mode_t begun = 0;
+    const WatchedOpen watch([&begun](const char * /*path*/, mode_t mode) { begun = mode; });
+
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+
+    // Who opens the file before its mode is set reads what is written to it later.
+    EXPECT_EQ(begun & 0077U, 0U);
+    struct stat now = {};
+    ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &now), 0);
+    EXPECT_EQ(now.st_mode & 07777U, 0600U);
 }
 
 } // namespace
