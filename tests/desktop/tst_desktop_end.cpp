@@ -10,6 +10,7 @@ namespace {
 constexpr int kPatience = RunningProgram::kPatience;
 
 const QString kSettings = "TavrinWeatherSettings.ini";
+const QString kRecovery = "TavrinWeatherRecovery.ini";
 const QByteArray kFirstRunOnly = "[Settings]\r\nFirstRun=False\r\n";
 
 } // namespace
@@ -27,8 +28,11 @@ private Q_SLOTS:
     void aSignalEndsWithoutAQuestion();
     void aSignalEndsAnOpenQuestion();
     void theEndOfTheScreenLeavesFilesWhole();
+    void aSettingSurvivesTheEndOfTheScreen();
 
 private:
+    void MoveToANewScreen();
+
     std::unique_ptr<Desktop> m_desktop;
     std::unique_ptr<RunningProgram> m_program;
 };
@@ -131,6 +135,48 @@ void tst_desktop_end::theEndOfTheScreenLeavesFilesWhole()
     QCOMPARE(m_desktop->Files(),
              QStringList({"TavrinWeatherMinMax.ini", "TavrinWeatherProfiles.ini", kSettings,
                           "TavrinWeatherUtility.lock", "Weather.ini"}));
+}
+
+/// Goes on with the same files on a desktop whose X server lives.
+void tst_desktop_end::MoveToANewScreen()
+{
+    auto next = std::make_unique<Desktop>();
+    QVERIFY(next->IsUp());
+    for (const QString &name : m_desktop->Files())
+        next->Write(name, m_desktop->Read(name));
+    m_program.reset();
+    m_desktop = std::move(next);
+}
+
+void tst_desktop_end::aSettingSurvivesTheEndOfTheScreen()
+{
+    const QByteArray settings = kFirstRunOnly + "MinimizeOnStartup=False\r\n";
+    m_desktop->Write(kSettings, settings);
+    m_program = std::make_unique<RunningProgram>(*m_desktop);
+    QVERIFY(m_program->IsShown());
+    QVERIFY(!m_desktop->Files().contains(kRecovery));
+    QVERIFY(m_program->Click("cmdPage1"));
+    QVERIFY(m_program->TypeInto("txtZoneCode", "MDZ011"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_desktop->Read(kRecovery).contains("ForecastZone=MDZ011\r\n"),
+                             kPatience);
+
+    m_desktop->screen.Kill();
+    QTRY_VERIFY_WITH_TIMEOUT(!m_program->Process().IsRunning(), kPatience);
+    QCOMPARE(m_desktop->Read(kSettings), settings);
+    QVERIFY(m_desktop->Files().contains(kRecovery));
+
+    MoveToANewScreen();
+    m_program = std::make_unique<RunningProgram>(*m_desktop);
+    QVERIFY(m_program->IsShown());
+    QVERIFY(m_program->Trace().contains("Settings recovered from "));
+    QVERIFY(m_program->Click("cmdPage1"));
+    QTRY_COMPARE_WITH_TIMEOUT(m_program->Text("txtZoneCode"), "MDZ011", kPatience);
+    QVERIFY(m_desktop->Files().contains(kRecovery)); // until the settings are stored themselves
+
+    m_program->Process().Terminate();
+    QCOMPARE(m_program->Process().ExitCode(), 0);
+    QVERIFY(m_desktop->Read(kSettings).contains("ForecastZone=MDZ011\r\n"));
+    QVERIFY(!m_desktop->Files().contains(kRecovery));
 }
 
 QTEST_GUILESS_MAIN(tst_desktop_end)
