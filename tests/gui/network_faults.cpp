@@ -16,7 +16,7 @@ using Request = FaultyRequest;
 using Fault = FaultHost::Fault;
 
 constexpr size_t kLargestBody = 16777216; // 16 MiB
-constexpr auto kShortWait = 400ms;        // for what would take the program 10, 20 or 60 seconds
+constexpr auto kShortWait = 300ms;        // for what would take the program 10, 20 or 60 seconds
 
 const std::string kTooLarge = "Maximum file size exceeded";
 
@@ -252,19 +252,19 @@ std::vector<NetworkFault> FaultsOfTheWay()
          .act = SaysNothing,
          .outcome = Outcome::Fails,
          .number = 28,
-         .reason = "No data received for 400 milliseconds",
+         .reason = "No data received for 300 milliseconds",
          .limits = idle},
         {.name = "stops in the head",
          .act = StopsInTheHead,
          .outcome = Outcome::Fails,
          .number = 28,
-         .reason = "No data received for 400 milliseconds",
+         .reason = "No data received for 300 milliseconds",
          .limits = idle},
         {.name = "stops in the body",
          .act = StopsInTheBody,
          .outcome = Outcome::Fails,
          .number = 28,
-         .reason = "No data received for 400 milliseconds",
+         .reason = "No data received for 300 milliseconds",
          .limits = idle},
         {.name = "one byte a second",
          .act = Drips,

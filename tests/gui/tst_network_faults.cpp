@@ -234,6 +234,9 @@ private Q_SLOTS:
     void zoneFile_data() { AddRows(); }
     void zoneFile() { RunRow(Kind::ZoneFile); }
 
+    void failureWithoutAMainNode_data();
+    void failureWithoutAMainNode();
+
 private:
     static void AddRows();
     void RunRow(Kind kind);
@@ -492,6 +495,42 @@ void tst_NetworkFaults::RunRow(Kind kind)
     QVERIFY(WaitUntil([=] { return RunningThreads() == threads; }, kPatience));
     QVERIFY2(kMemoryIsKeptBack || PrivateMemory() <= memory + kMoreMemory,
              qPrintable(QString("%1 KiB, now %2").arg(memory).arg(PrivateMemory())));
+}
+
+void tst_NetworkFaults::failureWithoutAMainNode_data()
+{
+    QTest::addColumn<QByteArray>("required");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QByteArray>("written");
+    QTest::newRow("nothing is required")
+        << QByteArray() << "Weather host not reachable, or no weather data returned"
+        << WeatherFile("N/A")
+               .replace("9:53[SP]AM", "7/4/2026[SP]10:00:00[SP]AM")
+               .replace("Montr\xC3\xA9"
+                        "al",
+                        "Salem")
+               .replace("71.0", "0.0");
+    QTest::newRow("the temperature is required")
+        << QByteArray("required=temperature\r\n")
+        << "Required value not found in received data: temperature" << WeatherFile("Fog");
+}
+
+/// The empty text of a failed transfer is read like any other where no node has to be found. All
+/// failures deliver the same text, so that one stands for them.
+void tst_NetworkFaults::failureWithoutAMainNode()
+{
+    QFETCH(QByteArray, required);
+    QFETCH(QString, status);
+    QFETCH(QByteArray, written);
+    StartProgram(kNone, Kind::Weather);
+    m->Write(
+        "TavrinWeatherProfiles.ini",
+        QByteArray(kProfile).replace("mainNodeOpen=<now>\r\nmainNodeClose=</now>\r\n", required));
+    QVERIFY(!m->Restart());
+    m->Write("Weather.ini", WeatherFile("Fog"));
+    UseWay(Way::Refused);
+
+    QCOMPARE(RequestWeather(), (Seen{status, written}));
 }
 
 QTEST_MAIN(tst_NetworkFaults)
