@@ -55,6 +55,20 @@ TEST_F(TransferTls, RefusesACertificateOfAnotherName)
     EXPECT_TRUE(server.Heads().empty());
 }
 
+TEST_F(TransferTls, RefusesAServerThatSpeaksOldVersionsOnly)
+{
+    SSL_CTX *const context = m_certificates.ServerContext();
+    SSL_CTX_set_security_level(context, 0); // else the server itself would speak none
+    SSL_CTX_set_min_proto_version(context, TLS1_VERSION);
+    SSL_CTX_set_max_proto_version(context, TLS1_1_VERSION);
+    const LoopbackServer server(SayHello, context);
+
+    ExpectFailed(Get(server.Url(), Trusting()));
+
+    EXPECT_EQ(server.Accepted(), 1);
+    EXPECT_TRUE(server.Heads().empty());
+}
+
 TEST_F(TransferTls, GivesUpAServerThatDoesNotAnswerInTls)
 {
     const LoopbackServer server(SayHello);
