@@ -338,7 +338,7 @@ std::vector<NetworkFault> FaultsOfTheLength()
          .number = 63,
          .reason = QString::fromStdString(kTooLarge)},
     };
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
 
 NetworkFault Status(const char *name, int number, const std::string &line,
                     const std::string &headers = {})
@@ -348,7 +348,7 @@ NetworkFault Status(const char *name, int number, const std::string &line,
             .outcome = Outcome::Fails,
             .number = number,
             .reason = QStringLiteral("HTTP %1").arg(number)};
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
 
 std::vector<NetworkFault> FaultsOfTheStatus()
 {
@@ -382,7 +382,7 @@ std::vector<NetworkFault> FaultsOfTheStatus()
          .act = Replies("200 OK", kForeignPage, "Content-Type: text/html\r\n"),
          .outcome = Outcome::Page},
     };
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
 
 std::vector<NetworkFault> FaultsOfTheText()
 {
