@@ -473,6 +473,7 @@ void tst_NetworkFaults::RunRow(Kind kind)
     QFETCH(int, row);
     const NetworkFault &fault = NetworkFaults()[size_t(row)];
     StartProgram(fault, kind);
+    const long memory = PrivateMemory();
 
     RunCycle(fault, "Sunny");
     if (QTest::currentTestFailed())
@@ -482,7 +483,6 @@ void tst_NetworkFaults::RunRow(Kind kind)
         return;
     const long descriptors = OpenDescriptors();
     const long threads = RunningThreads();
-    const long memory = PrivateMemory();
 
     RunCycle(fault, "Funny");
     if (QTest::currentTestFailed())
