@@ -5,8 +5,8 @@
 
 #include <array>
 
-/// The hidden form that holds the pictures of the tray icon. They are rendered once, here, so that
-/// a step of the animation only hands one over.
+/// The hidden form that holds the pictures of the tray icon. Each is rendered once in a size, so
+/// that a step of the animation only hands one over.
 class frmGraphics final : public QWidget
 {
     Q_OBJECT

@@ -1,7 +1,5 @@
 #include "zones/zone_header.h"
 
-#include "core/text.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -82,5 +80,5 @@ std::optional<QString> ZoneEntry(QStringView file, const QString &fileName)
     }
     if (entry.endsWith(u'-'))
         entry.chop(1);
-    return ReplaceAll(entry, u"...", u", ");
+    return entry.replace("..."_L1, ", "_L1);
 }

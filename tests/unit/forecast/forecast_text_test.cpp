@@ -183,6 +183,19 @@ TEST(CleanForecast, FindsTheFirstPlaceOfTheCode)
     EXPECT_EQ(CleanForecast(u"MDZ011-1\nA\nMDZ011-2\nB", "MDZ011"), "A\r\nMDZ011-2\r\nB");
 }
 
+// Long products are cleaned in pieces. Wherever one ends, no mark is parted.
+TEST(CleanForecast, CleansLongProductsAsShortOnes)
+{
+    constexpr qsizetype kMany = 4000;
+    const QString line = "COLD...WINDY\n.TODAY\n"; // 20 characters: every place in turn
+    const QString cleaned = "COLD. WINDY\r\n\r\nTODAY\r\n";
+    for (const char *shift : {"", "A", "AB", "ABC", "ABCD", "ABCDE"}) {
+        const QString front = QString("MDZ011-1-\n") + shift;
+        EXPECT_EQ(CleanForecast(front + line.repeated(kMany), "MDZ011"),
+                  shift + cleaned.repeated(kMany));
+    }
+}
+
 TEST(CleanForecast, LeavesAProductOfNothingButLineEndsInOrder)
 {
     const QString product = "MDZ011" + QString(100'000, u'\n');
