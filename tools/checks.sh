@@ -73,14 +73,18 @@ CheckHardening() {
   Has "no stack protector" '__stack_chk_fail' "$symbols"
 }
 
-# One fuzz target for five seconds, from its corpus and with its dictionary.
+# One fuzz target for five seconds, from its corpus and with its dictionary. Says one line, and more
+# when it has found something.
 FuzzTopic() {
   local topic=$1 found=$2
   mkdir "$found/$topic"
-  "build/fuzz/fuzz/${topic}_fuzz" -max_total_time=5 -max_len=4096 -verbosity=0 \
+  if ! "build/fuzz/fuzz/${topic}_fuzz" -max_total_time=5 -max_len=4096 -print_funcs=0 \
     -dict="fuzz/dictionaries/$topic.dict" -artifact_prefix="$found/$topic-" \
-    "$found/$topic" "fuzz/corpus/$topic" ||
-    Fail "the fuzz target '$topic' has found something"
+    "$found/$topic" "fuzz/corpus/$topic" &>"$found/$topic.log"; then
+    tail -n 60 "$found/$topic.log"
+    Fail "the fuzz target '$topic' has found something; its input is in $found"
+  fi
+  printf '%s: %s\n' "$topic" "$(tail -n 1 "$found/$topic.log")"
 }
 
 # All fuzz targets, two at a time. What they find stays out of the tree.
