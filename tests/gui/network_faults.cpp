@@ -139,7 +139,11 @@ void RedirectsToHttps(Connection &connection, const Request &request)
 
 void RedirectsToHttp(Connection &connection, const Request &request)
 {
-    connection.Redirect(request.plain + request.path + "moved");
+    // Nothing else is asked of the host in this way, so that a kept connection would stay.
+    connection.Reply("moved",
+                     "Connection: close\r\nLocation: " + request.plain + request.path + "moved\r\n",
+                     "301 Moved Permanently");
+    connection.CloseAfterwards();
 }
 
 void Zips(Connection &connection, const Request &request)

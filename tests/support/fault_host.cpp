@@ -80,10 +80,10 @@ std::string FaultHost::MakeAddress(Way way) const
     return {};
 }
 
-void FaultHost::Offer(const std::string &path, const std::string &body, bool keeps)
+void FaultHost::Offer(const std::string &path, const std::string &body)
 {
     const std::scoped_lock lock(m_mutex);
-    m_pages[path] = {.body = body, .keeps = keeps};
+    m_pages[path] = body;
 }
 
 void FaultHost::Strike(const std::string &path, Fault fault)
@@ -106,7 +106,7 @@ void FaultHost::Answer(LoopbackConnection &connection, const std::string &head)
     if (moved)
         path.resize(path.size() - kMoved.size());
 
-    Page page;
+    std::string body;
     Fault fault;
     bool isThere = false;
     {
@@ -114,21 +114,20 @@ void FaultHost::Answer(LoopbackConnection &connection, const std::string &head)
         const auto found = m_pages.find(path);
         isThere = found != m_pages.end();
         if (isThere)
-            page = found->second;
+            body = found->second;
         if (m_fault && !moved && path == m_faultyPath) {
             fault = m_fault;
             ++m_struck;
         }
     }
     if (fault) {
-        fault(connection, {.body = page.body,
+        fault(connection, {.body = body,
                            .path = path,
                            .plain = Address(Way::Plain),
                            .secure = Address(Way::Secure)});
     } else if (isThere) {
-        connection.Reply(page.body, page.keeps ? "" : "Connection: close\r\n");
-        if (!page.keeps)
-            connection.CloseAfterwards();
+        connection.Reply(body, "Connection: close\r\n");
+        connection.CloseAfterwards();
     } else {
         connection.Reply("no such page", {}, "404 Not Found");
     }

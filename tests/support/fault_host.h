@@ -50,9 +50,9 @@ public:
         return m_addresses[static_cast<size_t>(way)];
     }
 
-    /// The right answer for `path` from now on.
-    /// @param keeps false: its connection ends with it.
-    void Offer(const std::string &path, const std::string &body, bool keeps = true);
+    /// The right answer for `path` from now on. Its connection ends with it, so that behind one
+    /// there are none.
+    void Offer(const std::string &path, const std::string &body);
 
     /// From now on `path` has the fault; null: it is mended.
     void Strike(const std::string &path, Fault fault);
@@ -60,17 +60,12 @@ public:
     [[nodiscard]] int Struck() const; ///< Requests that met a fault.
 
 private:
-    struct Page
-    {
-        std::string body = {};
-        bool keeps = true;
-    };
-
     void Answer(LoopbackConnection &connection, const std::string &head);
     [[nodiscard]] std::string MakeAddress(Way way) const;
 
     mutable std::mutex m_mutex;
-    std::map<std::string, Page> m_pages; ///< By their paths. Guarded by m_mutex, as the next.
+    std::map<std::string, std::string>
+        m_pages; ///< By their paths. Guarded by m_mutex, as the next.
     std::string m_faultyPath;
     Fault m_fault;
     int m_struck = 0;
