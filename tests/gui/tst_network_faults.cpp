@@ -24,7 +24,8 @@ constexpr bool kSanitized = false;
 
 constexpr std::chrono::seconds kPatience{20}; // an idle machine needs less than one
 constexpr qint16 kMaryland = 19;              // alphabetically behind Maine
-constexpr long kMoreMemory = 2048;            // KiB, of 48 MiB and more that a large reply takes
+// KiB, of 48 MiB and more that a large reply takes. What a first use loads, TLS for one, is in it.
+constexpr long kMoreMemory = 8192;
 
 // Milliseconds of processor time: four times what the largest reply may take a release build.
 constexpr double kLongestTick = kSanitized ? 4000 : 1000;
