@@ -79,6 +79,7 @@ int main(int argc, char *argv[])
     const auto trace = OpenTraceSink(qEnvironmentVariable("TAVRIN_TRACE"));
     SetTraceListener(trace.get());
     PreferX11();
+    PaintThroughConnection();
     QApplication app(argc, argv);
     QApplication::setWindowIcon(ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false); // the window decides what ends the program

@@ -83,6 +83,11 @@ void PreferX11()
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
+void PaintThroughConnection()
+{
+    qputenv("QT_XCB_NO_MITSHM", "1");
+}
+
 QString SessionFromCommand(const QString &command)
 {
     Trace(u"Command:", command);

@@ -19,6 +19,11 @@
 /// hide in the tray. To be called before the application object is made.
 void PreferX11();
 
+/// Lets the toolkit hand its paintings to an X server through the connection instead of shared
+/// memory, which is waited for at each: a line that counts is painted every second. To be called
+/// before the application object is made.
+void PaintThroughConnection();
+
 /// The session that the command text asks for: "2".."9" when "/SESSION=" and that digit stand at
 /// its very end (letter case ignored), "" for the default session. Traces what it looks at.
 [[nodiscard]] QString SessionFromCommand(const QString &command);
