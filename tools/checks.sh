@@ -16,11 +16,12 @@ CheckSpelling() {
 
 # The tray icon's drawings are those that their script makes.
 CheckIcons() {
-  local drawn
+  local drawn result=0
   drawn=$(mktemp -d)
-  trap 'rm -rf "$drawn"' EXIT
   src/graph/icons/make "$drawn"
-  diff --recursive --exclude=make --exclude=icons.qrc src/graph/icons "$drawn"
+  diff --recursive --exclude=make --exclude=icons.qrc src/graph/icons "$drawn" || result=$?
+  rm -rf "$drawn"
+  return "$result"
 }
 
 # Only the project's own sources: the generated moc files trip two of the checks. The fuzz targets
