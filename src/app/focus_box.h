@@ -10,6 +10,6 @@ public:
     using QLineEdit::QLineEdit;
 
 protected:
-    // The line edit's own answer is what sets its cursor going.
-    void focusInEvent(QFocusEvent *event) override { QWidget::focusInEvent(event); }
+    // The line edit's answer is what sets its cursor going.
+    void focusInEvent(QFocusEvent * /*event*/) override {}
 };

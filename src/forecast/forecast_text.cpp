@@ -36,7 +36,7 @@ bool IsReplaced(QChar character)
 /// The front of `text`, `kPiece` characters or more: no place to be replaced reaches over its end.
 QStringView Piece(QStringView text)
 {
-    constexpr qsizetype kPiece = 16 * 1024; // all its stages stay in the processor's cache
+    constexpr qsizetype kPiece = 16'384; // all its stages stay in the processor's cache
     const auto from = text.begin() + std::min(kPiece, text.size());
     return text.first(std::find_if_not(from, text.end(), IsReplaced) - text.begin());
 }
