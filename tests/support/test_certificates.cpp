@@ -79,7 +79,7 @@ void Sign(const Certificate &certificate, const Key &key)
 /// A certificate and the key that goes with it.
 struct Identity
 {
-    Key key{EVP_EC_gen("P-256")};
+    Key key{EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256")};
     Certificate certificate = {};
 };
 
