@@ -66,8 +66,8 @@ const QString kForecast =
 const QStringList kZones{
     "MDZ001:  Garrett, Including the cities of Oakland, Grantsville, and Mountain Lake Park",
     "MDZ003:  Washington, Including the cities of Hagerstown, Weverton, and Highfield",
-    "MDZ004:  Frederick, Including the cities of Frederick, Ballenger Creek, Thurmont, and "
-    "Emmitsburg",
+    ("MDZ004:  Frederick, Including the cities of Frederick, Ballenger Creek, Thurmont, and "
+     "Emmitsburg"),
     "MDZ005:  Carroll, Including the cities of Westminster, Eldersburg, and Taneytown",
     "MDZ006:  Northern Baltimore, Including the cities of Cockeysville and Hereford",
     "MDZ007:  Northwest Harford, Including the cities of Jarrettsville and Norrisville",
@@ -202,7 +202,7 @@ void ShowRaw(MainWindow &m, const Visit &visit)
 {
     StartWith(m, ShippedProfiles());
     QString reply = kReply;
-    while (reply.size() < 1024 * 1024)
+    while (reply.size() < 1'048'576)
         reply += "<station><id>KBWI</id>\t<name>Baltimore-Washington</name></station>\r\n";
     Receive(m, reply);
     m.window->btnShowRaw_Click();
