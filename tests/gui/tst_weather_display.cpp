@@ -242,7 +242,7 @@ void tst_WeatherDisplay::opensAndScrollsAReplyOfAMegabyte()
 {
     const QString line = "<station>Salem</station>";
     QString reply;
-    while (reply.size() < 1024 * 1024)
+    while (reply.size() < qsizetype{1024} * 1024)
         reply += line + '\n';
     RequestAndReceive(reply);
     auto *box = m->Find<QPlainTextEdit>("txtWeatherInfo");

@@ -249,11 +249,14 @@ void ShowExitQuestion(MainWindow &m, const Visit &visit)
     m.ask = AskYesNo;
     StartWith(m, ShippedProfiles());
     Receive(m, kReply);
-    QTimer::singleShot(0, [&visit] { // while the question waits for its answer
+    QTimer whileAsked;
+    whileAsked.setSingleShot(true);
+    whileAsked.callOnTimeout([&visit] {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         Look(*box, visit);
         box->reject();
     });
+    whileAsked.start(0);
     if (m.window->Unload(UnloadMode::TitleBar))
         qFatal("a refused question ended the program");
 }

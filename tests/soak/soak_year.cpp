@@ -9,7 +9,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -29,11 +28,8 @@ const QString kForecast = "Expires:202607041500;;123456\nZFPLWX\n\nMDZ011-041500
 
 void Check(bool holds, const QString &what, const QDateTime &now)
 {
-    if (holds)
-        return;
-    std::fprintf(stderr, "soak_year: %s: %s\n", qUtf8Printable(now.toString(Qt::ISODate)),
-                 qUtf8Printable(what));
-    std::exit(1);
+    if (!holds)
+        qFatal("%s: %s", qUtf8Printable(now.toString(Qt::ISODate)), qUtf8Printable(what));
 }
 
 /// A temperature for each moment, with one decimal; summers and afternoons are warmer.
