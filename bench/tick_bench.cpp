@@ -1,17 +1,17 @@
-// How long one tick of the main timer holds up the message loop when a reply has arrived: parse,
-// display, min/max store and output file. Figures are processor time of the one thread.
-
-#include "app/frm_main.h"
-#include "support/fake_panel_icon.h"
-#include "support/fake_transfers.h"
-#include "support/fixed_clock.h"
+// How long one tick of the main timer holds up the message loop when a transfer has ended: parse,
+// display, min/max store and output file; also where the host has sent what it should not. Figures
+// are processor time of the one thread.
 
 #include <QApplication>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <ctime>
+#include <functional>
+#include <optional>
+
+#include "gui/main_window.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,18 +33,37 @@ double ThreadMilliseconds()
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
 }
 
-/// A page of `size` characters, one long line or many, with the values at its end.
-QString Reply(qsizetype size, bool oneLine)
+/// A page of `size` characters, one long line or many, without a value.
+QString Page(qsizetype size, bool oneLine = false)
 {
     const QString line = u"<tr><td>a line of the page around it</td>\t<td>no value</td></tr>"_s
                        + (oneLine ? QString() : u"\r\n"_s);
     QString page;
-    page.reserve(size);
+    page.reserve(size + line.size());
     while (page.size() < size)
         page += line;
+    return page;
+}
+
+/// The same with the values at its end.
+QString Reply(qsizetype size, bool oneLine)
+{
+    QString page = Page(size, oneLine);
     for (const QStringView stem : kQuantityStems)
         page += u'<' + stem.toString() + u">61.5<"_s;
     return page;
+}
+
+/// A zone's forecast of `size` characters, in paragraphs as offices write them.
+QString Forecast(qsizetype size)
+{
+    const QString paragraph = u".MONDAY...Partly sunny with a slight chance of showers in the\n"
+                              "afternoon. Highs in the upper 60s. South winds 5 to 10 mph.\n\n"_s;
+    QString text = u"FPUS51 KLWX 040800\n\nMDZ011-041500-\nSouthern Baltimore-\n\n"_s;
+    text.reserve(size + paragraph.size());
+    while (text.size() < size)
+        text += paragraph;
+    return text + u"$$\n"_s;
 }
 
 WeatherProfile Profile(Closing closing)
@@ -62,30 +81,13 @@ WeatherProfile Profile(Closing closing)
     return profile;
 }
 
-/// Arguments: megabytes of reply; 1: in one line; 1: the raw-data box is open; 1: one value without
-/// its closing tag, so that it is the whole reply.
-void Tick(benchmark::State &state)
+/// Times the ticks that follow `endTransfer`, which starts a transfer and ends it.
+void MeasureTicks(benchmark::State &state, frmMain &window,
+                  const std::function<void()> &endTransfer)
 {
-    const QTemporaryDir folder;
-    const QString reply = Reply(state.range(0) * kMegabyte, state.range(1) != 0);
-    FixedClock clock(QDateTime(QDate(2026, 11, 20), QTime(12, 0)));
-    FakeTransfers http;
-    ProgramState program;
-    program.files.folder = folder.path();
-    FakePanelIcon panelIcon;
-    const Platform platform{clock, http, panelIcon};
-    frmMain window(program, platform, [](auto &&...) { return true; });
-    if (window.Form_Load({}))
-        state.SkipWithError("not started");
-    program.profiles.weather[0] = Profile(state.range(3) != 0 ? Closing::Missing : Closing::Found);
-    program.profiles.currentWeatherProfile = 0;
-    if (state.range(2) != 0)
-        window.btnShowRaw_Click();
-
     double worst = 0;
     for (auto _ : state) {
-        window.StartWeatherRequest();
-        http.Finish(program.WeatherThreadHandle, reply);
+        endTransfer();
         const double start = ThreadMilliseconds();
         window.tmrMain_Timer();
         const double milliseconds = ThreadMilliseconds() - start;
@@ -93,6 +95,92 @@ void Tick(benchmark::State &state)
         state.SetIterationTime(milliseconds * 1e-3);
     }
     state.counters["worst_ms"] = worst;
+}
+
+/// Times the ticks behind weather transfers that received `reply`, or failed where there is none.
+void MeasureWeather(benchmark::State &state, MainWindow &m, const std::optional<QString> &reply)
+{
+    MeasureTicks(state, *m.window, [&] {
+        m.window->StartWeatherRequest();
+        if (reply)
+            m.http.Finish(m.state.WeatherThreadHandle, *reply);
+        else
+            m.http.Fail(m.state.WeatherThreadHandle);
+    });
+}
+
+/// The same for forecasts.
+void MeasureForecast(benchmark::State &state, const std::optional<QString> &reply)
+{
+    MainWindow m;
+    if (m.Start())
+        state.SkipWithError("not started");
+    MeasureTicks(state, *m.window, [&] {
+        m.window->StartForecastRequest();
+        if (reply)
+            m.http.Finish(m.state.ForecastThreadHandle, *reply);
+        else
+            m.http.Fail(m.state.ForecastThreadHandle);
+    });
+}
+
+void StartWith(MainWindow &m, benchmark::State &state, const WeatherProfile &profile)
+{
+    if (m.Start())
+        state.SkipWithError("not started");
+    m.state.profiles.weather[0] = profile;
+    m.state.profiles.currentWeatherProfile = 0;
+}
+
+/// Arguments: megabytes of reply; 1: in one line; 1: the raw-data box is open; 1: one value without
+/// its closing tag, so that it is the whole reply.
+void Tick(benchmark::State &state)
+{
+    MainWindow m;
+    StartWith(m, state, Profile(state.range(3) != 0 ? Closing::Missing : Closing::Found));
+    if (state.range(2) != 0)
+        m.window->btnShowRaw_Click();
+    MeasureWeather(state, m, Reply(state.range(0) * kMegabyte, state.range(1) != 0));
+}
+
+void WeatherFails(benchmark::State &state)
+{
+    MainWindow m;
+    StartWith(m, state, Profile(Closing::Found));
+    MeasureWeather(state, m, std::nullopt);
+}
+
+/// Argument: megabytes of a page that is no reply of the service, a network's log-in page for one.
+void WeatherIsAPage(benchmark::State &state)
+{
+    MainWindow m;
+    WeatherProfile profile = Profile(Closing::Found);
+    profile.mainNodeOpen = u"<observation>"_s;
+    profile.mainNodeClose = u"</observation>"_s;
+    StartWith(m, state, profile);
+    MeasureWeather(state, m, Page(state.range(0) * kMegabyte));
+}
+
+/// Argument: KiB of forecast.
+void ForecastTick(benchmark::State &state)
+{
+    MeasureForecast(state, Forecast(state.range(0) * 1024));
+}
+
+void ForecastFails(benchmark::State &state)
+{
+    MeasureForecast(state, std::nullopt);
+}
+
+/// Argument: megabytes of a page that is no forecast.
+void ForecastIsAPage(benchmark::State &state)
+{
+    MeasureForecast(state, Page(state.range(0) * kMegabyte));
+}
+
+void Timed(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(11);
 }
 
 BENCHMARK(Tick)
@@ -106,9 +194,12 @@ BENCHMARK(Tick)
     ->Args({16, 0, 0, 0})
     ->Args({16, 1, 1, 0})
     ->Args({16, 0, 0, 1})
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(11);
+    ->Apply(Timed);
+BENCHMARK(WeatherFails)->Apply(Timed);
+BENCHMARK(WeatherIsAPage)->ArgName("megabytes")->Arg(4)->Arg(16)->Apply(Timed);
+BENCHMARK(ForecastTick)->ArgName("KiB")->Arg(8)->Arg(1024)->Arg(4096)->Arg(16384)->Apply(Timed);
+BENCHMARK(ForecastFails)->Apply(Timed);
+BENCHMARK(ForecastIsAPage)->ArgName("megabytes")->Arg(4)->Arg(16)->Apply(Timed);
 
 } // namespace
 
