@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <optional>
@@ -33,6 +32,8 @@ namespace {
 constexpr auto kMarker = ".TavrinWeather-"_L1;
 constexpr auto kEnding = ".tmp"_L1;
 
+constexpr int kMostDigits = 16; // of the random part, hexadecimal
+
 constexpr int kMaxLinks = 40; // as many as the system itself follows
 
 /// The file that `path` finally names, so that replacing it leaves symbolic links as they are.
@@ -52,6 +53,19 @@ bool WriteAll(QFileDevice &file, const QByteArrayList &pieces)
 {
     return std::ranges::all_of(
         pieces, [&file](const QByteArray &piece) { return file.write(piece) == piece.size(); });
+}
+
+/// Whether a file of this name is one that was never finished. `start` is what stands ahead of the
+/// random part.
+bool IsUnfinished(QStringView name, QStringView start)
+{
+    if (!name.startsWith(start) || !name.endsWith(kEnding))
+        return false;
+    const qsizetype digits = name.size() - start.size() - kEnding.size();
+    return digits >= 1 && digits <= kMostDigits
+        && std::ranges::all_of(name.sliced(start.size(), digits), [](QChar c) {
+               return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f');
+           });
 }
 
 #ifdef Q_OS_UNIX
@@ -164,12 +178,10 @@ QString ReplaceFile(const QString &path, const QByteArrayList &pieces)
 void RemoveLeftovers(const QString &path)
 {
     const QFileInfo info(LinkTarget(path).value_or(path));
-    const QRegularExpression ours(QRegularExpression::anchoredPattern(
-        QRegularExpression::escape(info.fileName() + kMarker) + "[0-9a-f]{1,16}"_L1
-        + QRegularExpression::escape(kEnding)));
+    const QString start = info.fileName() + kMarker;
     const QDir folder = info.dir();
     for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
-        if (ours.match(name).hasMatch() && QFile::remove(folder.filePath(name)))
+        if (IsUnfinished(name, start) && QFile::remove(folder.filePath(name)))
             Trace(u"Unfinished file removed: ", name);
     }
 }
