@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <chrono>
 #include <cstdio>
@@ -104,16 +105,18 @@ void Print(const char *what, double figure)
 class FirstPaint final : public QObject
 {
 public:
-    explicit FirstPaint(QWidget *window) : m_window(window) { window->installEventFilter(this); }
+    explicit FirstPaint(QWidget *window) : m_window(window)
+    {
+        // Behind the paint itself, which the filter is asked ahead of.
+        m_painted.setSingleShot(true);
+        m_painted.callOnTimeout([] { Print("paint", ProcessorMilliseconds(RUSAGE_SELF)); });
+        window->installEventFilter(this);
+    }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        const bool isPainted = event->type() == QEvent::Paint;
-        if (isPainted) {
-            // Behind the paint itself, which the filter is asked ahead of.
-            QMetaObject::invokeMethod(
-                this, [] { Print("paint", ProcessorMilliseconds(RUSAGE_SELF)); },
-                Qt::QueuedConnection);
+        if (event->type() == QEvent::Paint) {
+            m_painted.start(0);
             m_window->removeEventFilter(this);
         }
         return QObject::eventFilter(watched, event);
@@ -121,6 +124,7 @@ public:
 
 private:
     QWidget *m_window;
+    QTimer m_painted;
 };
 
 /// The program's window: one small reply, then a large one, then a small one again.
@@ -220,8 +224,8 @@ QStringList CountControls()
 
 std::string Page(const std::string &head)
 {
-    constexpr std::size_t kLarge = 16 * 1024 * 1024;
-    const std::string small = "<o><t>61.5<x></o>";
+    constexpr std::size_t kLarge = std::size_t{16} * 1024 * 1024;
+    std::string small = "<o><t>61.5<x></o>";
     if (head.find("GET /large") == std::string::npos)
         return small;
     std::string page;

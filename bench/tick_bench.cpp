@@ -86,7 +86,7 @@ void MeasureTicks(benchmark::State &state, frmMain &window,
                   const std::function<void()> &endTransfer)
 {
     double worst = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         endTransfer();
         const double start = ThreadMilliseconds();
         window.tmrMain_Timer();

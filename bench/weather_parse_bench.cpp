@@ -59,7 +59,7 @@ QString Reply(qsizetype size, bool atEnd)
 /// Rounds between two looks at the clock, so that small texts outweigh the look itself.
 int Rounds(qsizetype size)
 {
-    return static_cast<int>(1 + 400 * kKilobyte / size);
+    return static_cast<int>(1 + qsizetype{400} * kKilobyte / size);
 }
 
 double ThreadSeconds()
@@ -99,7 +99,7 @@ void ParseWeatherDataBeside(benchmark::State &state)
     const int rounds = Rounds(reply.size());
     double parsing = 0;
     double searching = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double start = ThreadSeconds();
         for (int i = 0; i < rounds; ++i) {
             if (!ParseWeatherData(&profile, reply, now, host))
@@ -125,7 +125,7 @@ void GetNodeValueBeside(benchmark::State &state)
     const int rounds = Rounds(data.size());
     double reading = 0;
     double searching = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double start = ThreadSeconds();
         for (int i = 0; i < rounds; ++i) {
             benchmark::DoNotOptimize(

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kKilobyte = 1024;
-constexpr qsizetype kWork = 4 * 1024 * kKilobyte; // characters in one measurement
+constexpr qsizetype kWork = 4 * kKilobyte * kKilobyte; // characters in one measurement
 
 const QString kObservation = uR"(<current_observation version="1.0">
 	<credit>Service</credit>

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMega = 1024 * 1024;
+constexpr qsizetype kMega = qsizetype{1024} * 1024;
 
 /// `pattern` as often as `size` characters hold it.
 QString Repeated(const QString &pattern, qsizetype size)
