@@ -29,10 +29,12 @@ ValueBox::ValueBox(QWidget *parent) : QLineEdit(parent)
 
 void ValueBox::SetValue(const QString &value)
 {
+    const bool wasMissing = IsMissing();
     m_value = WithoutLoneSurrogates(value);
     setText(FirstCharacters(m_value, kShownLength).toString());
     setCursorPosition(0); // a long value shows its beginning
-    TakeColors();
+    if (IsMissing() != wasMissing)
+        TakeColors();
 }
 
 bool ValueBox::IsMissing() const

@@ -1,5 +1,7 @@
 #include "zones/zone_header.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -46,10 +48,10 @@ std::optional<QStringView> FirstNameLine(Lines &lines, const QString &zone)
     return std::nullopt;
 }
 
-/// Such as the time of issue, which ends the header.
-bool BeginsWithDigit(QStringView line)
+/// Whether a line ends the header, as the time of issue does, or an empty one.
+bool EndsHeader(QStringView line)
 {
-    return line.front() >= u'0' && line.front() <= u'9';
+    return line.isEmpty() || (line.front() >= u'0' && line.front() <= u'9');
 }
 
 void AppendNames(QString &entry, QStringView line)
@@ -73,12 +75,9 @@ std::optional<QString> ZoneEntry(QStringView file, const QString &fileName)
 
     QString entry = zone + ":  "_L1;
     entry.append(*names);
-    for (auto line = lines.Next(); line; line = lines.Next()) {
-        if (line->isEmpty() || BeginsWithDigit(*line))
-            break;
+    for (auto line = lines.Next(); line && !EndsHeader(*line); line = lines.Next())
         AppendNames(entry, *line);
-    }
     if (entry.endsWith(u'-'))
         entry.chop(1);
-    return entry.replace("..."_L1, ", "_L1);
+    return ReplaceAll(entry, u"...", u", ");
 }
