@@ -1,7 +1,8 @@
 // The program's window beside a plain window with the same number of stock controls that links the
 // same libraries: processor time from the process's start to the first paint, and resident memory,
 // idle and shown, when both have made one transfer; and what is left of a reply of 16 MiB after a
-// small one has followed it.
+// small one has followed it. The stock controls bear the texts of the program's; a third window
+// has them without any text, which spares it the shaping and drawing of letters.
 //
 // The measuring process serves the replies; each window runs in a process of its own, since what
 // one has used would flatter the other.
@@ -23,12 +24,14 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <type_traits>
 
 #include "medians.h"
 
@@ -40,9 +43,20 @@ constexpr auto kLongest = std::chrono::seconds(30);
 constexpr auto kIdle = std::chrono::seconds(2);
 
 /// A panel that takes each picture in two sizes, as one on a screen of twice the resolution does.
+/// A panel is another program: it asks for a picture some time after it was told of it.
 class TakingPanelIcon final : public PanelIcon
 {
 public:
+    TakingPanelIcon()
+    {
+        m_asks.setSingleShot(true);
+        m_asks.setInterval(50);
+        m_asks.callOnTimeout([this] {
+            m_small = m_icon.pixmap(QSize(24, 24), 1);
+            m_large = m_icon.pixmap(QSize(24, 24), 2);
+        });
+    }
+
     [[nodiscard]] bool IsShown() const override { return true; }
     void Add(const QIcon &icon, const QString & /*tip*/) override { Take(icon); }
     [[nodiscard]] bool Modify(const QIcon &icon) override
@@ -55,10 +69,12 @@ public:
 private:
     void Take(const QIcon &icon)
     {
-        m_small = icon.pixmap(QSize(24, 24), 1);
-        m_large = icon.pixmap(QSize(24, 24), 2);
+        m_icon = icon;
+        m_asks.start();
     }
 
+    QTimer m_asks;
+    QIcon m_icon;
     QPixmap m_small;
     QPixmap m_large;
 };
@@ -165,27 +181,51 @@ int RunProgram(const QString &url)
     return 0;
 }
 
-template <typename Control>
-void Add(QWidget *window, int count)
+/// Calls `use` with each stock kind of control (a null pointer of its type) and its name, and ends
+/// where that returns true.
+template <typename Use>
+bool AnyKind(Use use)
 {
-    for (int i = 0; i < count; ++i)
-        (new Control(window))->setGeometry(i % 4 * 90, i / 4 * 24, 88, 22);
+    return use(static_cast<QLineEdit *>(nullptr), u"line"_s)
+        || use(static_cast<QLabel *>(nullptr), u"label"_s)
+        || use(static_cast<QPushButton *>(nullptr), u"button"_s)
+        || use(static_cast<QPlainTextEdit *>(nullptr), u"text"_s)
+        || use(static_cast<QCheckBox *>(nullptr), u"check"_s)
+        || use(static_cast<QRadioButton *>(nullptr), u"radio"_s)
+        || use(static_cast<QComboBox *>(nullptr), u"list"_s)
+        || use(static_cast<QGroupBox *>(nullptr), u"group"_s);
 }
 
-/// A plain window with as many controls of each kind as `counts` says.
-int RunStock(const QString &url, const QStringList &counts)
+/// The name of the property that holds a control's text.
+template <typename Control>
+constexpr const char *TextProperty()
+{
+    if constexpr (std::is_same_v<Control, QGroupBox>)
+        return "title";
+    else if constexpr (std::is_same_v<Control, QPlainTextEdit>)
+        return "plainText";
+    else
+        return "text";
+}
+
+/// A plain window with the controls that `names` (name and, behind a blank, text) says, in rows.
+int RunStock(const QString &url, const QStringList &names)
 {
     CurlTransfers http;
     QWidget window;
     window.setFixedSize(frmMain::kClientSize);
-    Add<QLineEdit>(&window, counts.value(0).toInt());
-    Add<QLabel>(&window, counts.value(1).toInt());
-    Add<QPushButton>(&window, counts.value(2).toInt());
-    Add<QPlainTextEdit>(&window, counts.value(3).toInt());
-    Add<QCheckBox>(&window, counts.value(4).toInt());
-    Add<QRadioButton>(&window, counts.value(5).toInt());
-    Add<QComboBox>(&window, counts.value(6).toInt());
-    Add<QGroupBox>(&window, counts.value(7).toInt());
+    constexpr int kColumns = 6;
+    for (int i = 0; i < names.size(); ++i) {
+        AnyKind([&](auto *kind, const QString &name) {
+            using Control = std::remove_pointer_t<decltype(kind)>;
+            if (names[i].section(u' ', 0, 0) != name)
+                return false;
+            auto *control = new Control(&window);
+            control->setGeometry(i % kColumns * 76, i / kColumns * 24, 74, 22);
+            control->setProperty(TextProperty<Control>(), names[i].section(u' ', 1));
+            return true;
+        });
+    }
     const FirstPaint firstPaint(&window);
     window.show();
     const TransferHandle handle = http.Net_HTTPThreadOpen(u"80"_s);
@@ -198,28 +238,22 @@ int RunStock(const QString &url, const QStringList &counts)
     return 0;
 }
 
-/// How many controls of each stock kind the program's window has, in the order of RunStock().
-QStringList CountControls()
+/// The controls of stock kinds in the program's window, as RunStock() takes them.
+QStringList ControlNames()
 {
     CurlTransfers http;
     const SystemClock clock;
     ProgramState state;
     TakingPanelIcon panelIcon;
     const frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
-    QStringList counts;
-    const auto add = [&](auto *kind) {
+    QStringList names;
+    AnyKind([&](auto *kind, const QString &name) {
         using Control = std::remove_pointer_t<decltype(kind)>;
-        counts.append(QString::number(window.findChildren<Control *>().size()));
-    };
-    add(static_cast<QLineEdit *>(nullptr));
-    add(static_cast<QLabel *>(nullptr));
-    add(static_cast<QPushButton *>(nullptr));
-    add(static_cast<QPlainTextEdit *>(nullptr));
-    add(static_cast<QCheckBox *>(nullptr));
-    add(static_cast<QRadioButton *>(nullptr));
-    add(static_cast<QComboBox *>(nullptr));
-    add(static_cast<QGroupBox *>(nullptr));
-    return counts;
+        for (const Control *control : window.findChildren<Control *>())
+            names.append(name + u' ' + control->property(TextProperty<Control>()).toString());
+        return false;
+    });
+    return names;
 }
 
 std::string Page(const std::string &head)
@@ -250,39 +284,63 @@ QList<double> Measure(const QStringList &arguments, const QStringList &names)
     return figures;
 }
 
+/// What the runs of one window have measured.
+struct Figures
+{
+    std::vector<double> paint; ///< Milliseconds.
+    std::vector<double> idle;  ///< KiB.
+    std::vector<double> left;  ///< KiB; of the program's window.
+};
+
+/// Runs one window once more.
+bool Add(Figures &figures, const QStringList &arguments)
+{
+    const bool isProgram = arguments.value(1) == "program"_L1;
+    QStringList names{u"paint"_s, u"idle"_s};
+    if (isProgram)
+        names.append(u"after"_s);
+    const QList<double> run = Measure(arguments, names);
+    if (run.isEmpty())
+        return false;
+    figures.paint.push_back(run[0]);
+    figures.idle.push_back(run[1]);
+    if (isProgram)
+        figures.left.push_back(run[2] - run[1]);
+    return true;
+}
+
+void PrintRow(const char *what, const Figures &figures, const Figures &own)
+{
+    std::printf("%-30s %8.1f ms %8.3f %9.0f KiB %8.3f\n", what, Median(figures.paint),
+                Median(own.paint) / Median(figures.paint), Median(figures.idle),
+                Median(own.idle) / Median(figures.idle));
+}
+
 int RunAll()
 {
     const LoopbackServer server([](LoopbackConnection &connection, const std::string &head) {
         connection.Reply(Page(head));
     });
     const QString url = QString::fromStdString(server.Url());
-    const QStringList counts = CountControls();
-    std::vector<double> paint;
-    std::vector<double> idle;
-    std::vector<double> left;
-    std::vector<double> stockPaint;
-    std::vector<double> stockIdle;
+    const QStringList stock = QStringList{u"--part"_s, u"stock"_s, url} + ControlNames();
+    QStringList bare = stock;
+    bare.replaceInStrings(QRegularExpression(u" [\\s\\S]*"_s), {});
+    Figures ownFigures;
+    Figures stockFigures;
+    Figures bareFigures;
     for (int run = 0; run < kRuns; ++run) {
-        const QList<double> window =
-            Measure({u"--part"_s, u"program"_s, url}, {u"paint"_s, u"idle"_s, u"after"_s});
-        const QList<double> stock =
-            Measure(QStringList{u"--part"_s, u"stock"_s, url} + counts, {u"paint"_s, u"idle"_s});
-        if (window.isEmpty() || stock.isEmpty()) {
+        if (!Add(ownFigures, {u"--part"_s, u"program"_s, url}) || !Add(stockFigures, stock)
+            || !Add(bareFigures, bare)) {
             std::fprintf(stderr, "A part did not run to its end.\n");
             return 1;
         }
-        paint.push_back(window[0]);
-        idle.push_back(window[1]);
-        left.push_back(window[2] - window[1]);
-        stockPaint.push_back(stock[0]);
-        stockIdle.push_back(stock[1]);
     }
-    std::printf("%-34s %11s %11s %8s\n", "the window", "own", "stock", "ratio");
-    std::printf("%-34s %8.1f ms %8.1f ms %8.3f\n", "start to first paint", Median(paint),
-                Median(stockPaint), Median(paint) / Median(stockPaint));
-    std::printf("%-34s %7.0f KiB %7.0f KiB %8.3f\n", "resident memory", Median(idle),
-                Median(stockIdle), Median(idle) / Median(stockIdle));
-    std::printf("%-34s %+7.0f KiB\n", "after 16 MiB and a small reply", Median(left));
+    std::printf("%-30s %11s %8s %13s %8s\n", "the window", "first paint", "own is", "memory",
+                "own is");
+    PrintRow("the program's", ownFigures, ownFigures);
+    PrintRow("stock controls, its texts", stockFigures, ownFigures);
+    PrintRow("stock controls without texts", bareFigures, ownFigures);
+    std::printf("after 16 MiB and a small reply %+.0f KiB\n", Median(ownFigures.left));
     return 0;
 }
 
