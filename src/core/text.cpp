@@ -4,6 +4,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What a comparison of vectors gives for each of its characters.
+constexpr std::uint16_t AllBitsIf(bool holds)
+{
+    return std::uint16_t(-int(holds));
+}
+
+} // namespace
+
 qsizetype IndexOf(QStringView text, QStringView needle, qsizetype from)
 {
     constexpr qsizetype kBlock = 32;    // so many places are looked at in one go of vector steps
@@ -23,14 +33,13 @@ qsizetype IndexOf(QStringView text, QStringView needle, qsizetype from)
     for (; from + kBlock <= places; from += kBlock) {
         const char16_t *const lefts = begin + from + left;
         const char16_t *const rights = begin + from + right;
-        const auto fits = [=](qsizetype i) {
-            return int(lefts[i] == leftUnit) & int(rights[i] == rightUnit);
-        };
         std::uint16_t hits = 0;
         for (qsizetype i = 0; i < kBlock; ++i)
-            hits = std::uint16_t(hits | fits(i));
+            hits |=
+                std::uint16_t(AllBitsIf(lefts[i] == leftUnit) & AllBitsIf(rights[i] == rightUnit));
         for (qsizetype i = 0; hits != 0 && i < kBlock; ++i) {
-            if (fits(i) != 0 && text.sliced(from + i).startsWith(needle))
+            if (lefts[i] == leftUnit && rights[i] == rightUnit
+                && text.sliced(from + i).startsWith(needle))
                 return from + i;
         }
     }

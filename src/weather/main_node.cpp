@@ -2,12 +2,27 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+#include <cstdint>
+
 QString WorkingText(const QString &reply)
 {
+    // Most characters stay, so that those without a control character near them are copied
+    // together.
+    constexpr qsizetype kBlock = 8; // so many characters are one vector
+    const auto stays = [](QChar c) { return c != u'\r' && c != u'\n' && c != u'\t'; };
     QString text(reply.size(), Qt::Uninitialized);
-    const auto end = std::copy_if(reply.cbegin(), reply.cend(), text.begin(),
-                                  [](QChar c) { return c != u'\r' && c != u'\n' && c != u'\t'; });
-    text.truncate(end - text.begin());
+    QChar *to = text.data();
+    const QChar *from = reply.cbegin();
+    for (; reply.cend() - from >= kBlock; from += kBlock) {
+        std::uint16_t least = UINT16_MAX;
+        for (qsizetype i = 0; i < kBlock; ++i)
+            least = std::min<std::uint16_t>(least, from[i].unicode());
+        to = least <= u'\r' ? std::copy_if(from, from + kBlock, to, stays)
+                            : std::copy_n(from, kBlock, to);
+    }
+    to = std::copy_if(from, reply.cend(), to, stays);
+    text.truncate(to - text.data());
     return text;
 }
 

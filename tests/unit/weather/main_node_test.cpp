@@ -19,6 +19,24 @@ TEST(WorkingText, LosesLineEndsAndTabs)
     EXPECT_EQ(WorkingText(""), "");
 }
 
+TEST(WorkingText, LosesThemAtEachPlaceOfALongText)
+{
+    const QString kept = "0123456789abcdefghijklmnopq"; // three blocks and three characters
+    for (qsizetype at = 0; at <= kept.size(); ++at) {
+        for (const char *control : {"\r", "\n", "\t", "\r\n\t"})
+            EXPECT_EQ(WorkingText(QString(kept).insert(at, QLatin1String(control))), kept) << at;
+    }
+}
+
+TEST(WorkingText, KeepsAllOtherCharacters)
+{
+    const QString others = QString(QChar(0)) + "\x01\b\v\f\x0E" // around the three
+                         + QString(QChar(0x0109)) + QChar(0x010A) + QChar(0x010D) + QChar(0x0A00)
+                         + QChar(0xFFFF);
+    EXPECT_EQ(WorkingText(others), others);
+    EXPECT_EQ(WorkingText(others + "\n" + others), others + others);
+}
+
 TEST(CutToMainNode, BeginsOnTheTagsLastCharacterAndLosesTheLastOne)
 {
     QString text = "head<w>12345</w>tail";
