@@ -75,6 +75,7 @@ CheckHardening() {
   Has "binds its symbols late" '\bBIND_NOW\b|FLAGS_1.*\bNOW\b' "$dynamic"
   Has "executable stack" 'GNU_STACK .* RW +0x' "$header"
   Has "no stack protector" '__stack_chk_fail' "$symbols"
+  Has "library calls are not checked" '__[a-z]+_chk@' "$symbols"
 }
 
 # One fuzz target for five seconds, from its corpus and with its dictionary. Says one line, and more
