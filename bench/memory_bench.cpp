@@ -214,14 +214,16 @@ int RunStock(const QString &url, const QStringList &names)
     CurlTransfers http;
     QWidget window;
     window.setFixedSize(frmMain::kClientSize);
-    constexpr int kColumns = 6;
+    constexpr int kColumns = 5; // so that all are seen
+    constexpr int kWidth = frmMain::kClientSize.width() / kColumns;
+    constexpr int kHeight = 22;
     for (int i = 0; i < names.size(); ++i) {
         AnyKind([&](auto *kind, const QString &name) {
             using Control = std::remove_pointer_t<decltype(kind)>;
             if (names[i].section(u' ', 0, 0) != name)
                 return false;
             auto *control = new Control(&window);
-            control->setGeometry(i % kColumns * 76, i / kColumns * 24, 74, 22);
+            control->setGeometry(i % kColumns * kWidth, i / kColumns * kHeight, kWidth, kHeight);
             control->setProperty(TextProperty<Control>(), names[i].section(u' ', 1));
             return true;
         });

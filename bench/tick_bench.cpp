@@ -97,16 +97,24 @@ void MeasureTicks(benchmark::State &state, frmMain &window,
     state.counters["worst_ms"] = worst;
 }
 
+/// Ends a transfer as received with `reply`, or as failed where there is none.
+void End(FakeTransfers &http, TransferHandle transfer, const std::optional<QString> &reply)
+{
+    if (reply)
+        http.Finish(transfer, *reply);
+    else
+        http.Fail(transfer);
+}
+
 /// Times the ticks behind weather transfers that received `reply`, or failed where there is none.
 void MeasureWeather(benchmark::State &state, MainWindow &m, const std::optional<QString> &reply)
 {
     MeasureTicks(state, *m.window, [&] {
         m.window->StartWeatherRequest();
-        if (reply)
-            m.http.Finish(m.state.WeatherThreadHandle, *reply);
-        else
-            m.http.Fail(m.state.WeatherThreadHandle);
+        End(m.http, m.state.WeatherThreadHandle, reply);
     });
+    if (!m.http.open.empty())
+        state.SkipWithError("a tick left its transfer alone");
 }
 
 /// The same for forecasts.
@@ -117,11 +125,10 @@ void MeasureForecast(benchmark::State &state, const std::optional<QString> &repl
         state.SkipWithError("not started");
     MeasureTicks(state, *m.window, [&] {
         m.window->StartForecastRequest();
-        if (reply)
-            m.http.Finish(m.state.ForecastThreadHandle, *reply);
-        else
-            m.http.Fail(m.state.ForecastThreadHandle);
+        End(m.http, m.state.ForecastThreadHandle, reply);
     });
+    if (!m.http.open.empty())
+        state.SkipWithError("a tick left its transfer alone");
 }
 
 void StartWith(MainWindow &m, benchmark::State &state, const WeatherProfile &profile)
