@@ -68,6 +68,7 @@ void tst_desktop_end::theTitleBarAsks()
                                              WindowManager::TitleButton::Close);
     };
     QVERIFY(m_program->IsShown());
+    QVERIFY(m_program->IsActive());
 
     close();
     QVERIFY(m_program->IsTitledShown("Confirm Exit"));
@@ -100,6 +101,7 @@ void tst_desktop_end::aSignalEndsAnOpenQuestion()
 {
     m_program = std::make_unique<RunningProgram>(*m_desktop);
     QVERIFY(m_program->IsShown());
+    QVERIFY(m_program->IsActive());
     m_desktop->screen.Press("alt+F4");
     QVERIFY(m_program->IsTitledShown("Confirm Exit"));
 

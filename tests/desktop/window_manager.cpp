@@ -41,12 +41,26 @@ WindowManager::WindowManager(const Screen &screen, const QString &folder) : m_sc
     environment.insert("HOME", folder);
     m_manager = std::make_unique<ChildProgram>(
         u"openbox"_s, QStringList{"--config-file", configuration}, environment);
-    (void)WaitUntil([this] { return IsThere(); }, kPatience);
+    m_isThere = WaitUntil([this] { return IsAnnounced(); }, kPatience) && IsAwake();
 }
 
-bool WindowManager::IsThere() const
+bool WindowManager::IsAnnounced() const
 {
     return m_screen.Ask(u"xprop"_s, {"-root", "_NET_SUPPORTING_WM_CHECK"}).contains("0x");
+}
+
+/// One that has announced itself may still leave the first window lying until something else
+/// happens. And the first key of a screen makes it take the keyboard anew, during which keys pass
+/// it by. So a key that does nothing goes first, and then a request, until it is carried out: what
+/// a test does comes behind both.
+bool WindowManager::IsAwake() const
+{
+    m_screen.Press(u"shift"_s);
+    const auto hasOneDesktop = [this] {
+        (void)m_screen.Ask(u"xdotool"_s, {"set_num_desktops", "1"});
+        return m_screen.Ask(u"xdotool"_s, {"get_num_desktops"}).trimmed() == "1";
+    };
+    return WaitUntil(hasOneDesktop, kPatience);
 }
 
 QStringList WindowManager::RootWindows(const QString &property) const

@@ -27,10 +27,10 @@ public:
         Close,
     };
 
-    /// Starts it and waits until it manages windows.
+    /// Starts it and waits until it does what it is asked.
     WindowManager(const Screen &screen, const QString &folder);
 
-    [[nodiscard]] bool IsThere() const; ///< False when it could not be started.
+    [[nodiscard]] bool IsThere() const { return m_isThere; } ///< False when it does not answer.
 
     /// All windows that are on the screen or minimised. One that is hidden is not listed.
     [[nodiscard]] QList<ListedWindow> Windows() const;
@@ -51,9 +51,13 @@ public:
     void Activate(const QString &window) const;
 
 private:
+    [[nodiscard]] bool IsAnnounced() const;
+    [[nodiscard]] bool IsAwake() const;
+
     /// The windows that a property of the screen's root names.
     [[nodiscard]] QStringList RootWindows(const QString &property) const;
 
     const Screen &m_screen;
     std::unique_ptr<ChildProgram> m_manager;
+    bool m_isThere = false;
 };
