@@ -1,12 +1,18 @@
 #pragma once
 
-#include <QLockFile>
 #include <QString>
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
+#include <QFile>
+#else
+#include <QLockFile>
+#endif
 
 /// Keeps two copies of one session from running side by side: they would write the same files.
 ///
-/// The lock is a file that names its holder's process. It counts only while that process lives: a
-/// file that a killed copy left behind, whoever's it was, is taken away.
+/// The lock is a file that names its holder's process, and counts only while that process lives:
+/// one that a killed copy left behind, whoever's it was, is taken over.
 class SessionLock
 {
 public:
@@ -17,10 +23,13 @@ public:
         NotPossible ///< There is no lock to be had, as in a folder that cannot be written.
     };
 
-    explicit SessionLock(const QString &path);
+    explicit SessionLock(QString path);
+    ~SessionLock();
+    Q_DISABLE_COPY_MOVE(SessionLock)
 
     [[nodiscard]] QString Path() const { return m_path; }
 
+    /// To be called once.
     [[nodiscard]] Outcome Take();
 
     /// Asks the copy that holds the lock to show its window. Without effect on another user's copy,
@@ -29,5 +38,11 @@ public:
 
 private:
     QString m_path;
+#ifdef Q_OS_UNIX
+    [[nodiscard]] bool WriteHolder(const QByteArray &path);
+
+    QFile m_file; ///< Open while the lock is held.
+#else
     QLockFile m_file;
+#endif
 };

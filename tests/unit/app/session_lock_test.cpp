@@ -1,14 +1,25 @@
 #include "app/session_lock.h"
 #include "app/start_up.h"
 #include "support/qt_printers.h"
+#include "support/test_files.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSysInfo>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <sys/fsuid.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <optional>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -17,17 +28,38 @@ using Outcome = SessionLock::Outcome;
 class SessionLockFile : public testing::Test
 {
 protected:
-    QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath("Program.lock");
+    TestFolder m_folder;
+    QString m_path = m_folder.Path("Program.lock");
 
     /// What a holder writes, without holding it.
-    void WriteHolder(const QByteArray &process, const QByteArray &program = "TavrinWeatherUtility")
+    void WriteHolder(const QByteArray &process,
+                     const QByteArray &program = "TavrinWeatherUtility") const
     {
-        QFile file(m_path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(process + "\n" + program + "\n" + QSysInfo::machineHostName().toLocal8Bit()
-                   + "\n");
+        m_folder.Write("Program.lock", process + "\n" + program + "\n"
+                                           + QSysInfo::machineHostName().toLocal8Bit() + "\n");
     }
+
+    [[nodiscard]] QByteArray Written() const { return m_folder.Bytes("Program.lock"); }
+
+    /// Leaves others no right to write the file, but all of them in its folder.
+    void LeaveOthers(QFile::Permissions rights) const
+    {
+        ASSERT_TRUE(QFile::setPermissions(m_path, rights));
+        ASSERT_EQ(::chmod(QFile::encodeName(m_folder.Path(".")).constData(), 0777), 0);
+    }
+};
+
+/// What the thread does to files, a user does who is neither the superuser nor, where the test runs
+/// as that, the owner of the test's files.
+class AsAnotherUser
+{
+public:
+    AsAnotherUser() { ::setfsuid(kNobody); }
+    ~AsAnotherUser() { ::setfsuid(::geteuid()); }
+    Q_DISABLE_COPY_MOVE(AsAnotherUser)
+
+private:
+    static constexpr uid_t kNobody = 65534;
 };
 
 TEST_F(SessionLockFile, IsTakenByOneAtATime)
@@ -87,9 +119,132 @@ TEST_F(SessionLockFile, WithoutANumberDoesNotCount)
     EXPECT_EQ(lock.Take(), Outcome::Taken);
 }
 
+TEST_F(SessionLockFile, HasOneHolderWhileCopiesStartAndEnd)
+{
+    constexpr int kCopies = 4;
+    constexpr int kStarts = 2'000;
+    std::atomic_int holders = 0;
+    std::atomic_int holdersTooMany = 0;
+    std::atomic_int turns = 0;
+    const auto startAndEnd = [&] {
+        for (int i = 0; i < kStarts; ++i) {
+            SessionLock lock(m_path);
+            if (lock.Take() != Outcome::Taken)
+                continue;
+            holdersTooMany += holders++;
+            ++turns;
+            std::this_thread::yield();
+            --holders;
+        }
+    };
+
+    std::vector<std::thread> copies(kCopies);
+    std::ranges::generate(copies, [&] { return std::thread(startAndEnd); });
+    for (std::thread &copy : copies)
+        copy.join();
+
+    EXPECT_EQ(holdersTooMany, 0);
+    EXPECT_GT(turns, 0);
+    EXPECT_FALSE(QFile::exists(m_path));
+}
+
+TEST_F(SessionLockFile, NamesItsHolder)
+{
+    WriteHolder("a longer text than the one that is to stand there, left behind by who knows whom");
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::Taken);
+
+    EXPECT_EQ(Written(), QByteArray::number(QCoreApplication::applicationPid()) + "\n"
+                             + QCoreApplication::applicationName().toUtf8() + "\n"
+                             + QSysInfo::machineHostName().toUtf8() + "\n");
+}
+
+TEST_F(SessionLockFile, OfACopyIsNotTakenAwayWithOneThatLostIt)
+{
+    std::optional<SessionLock> first(m_path);
+    EXPECT_EQ(first->Take(), Outcome::Taken);
+    ASSERT_TRUE(QFile::remove(m_path)); // by hand
+    SessionLock second(m_path);
+    EXPECT_EQ(second.Take(), Outcome::Taken);
+
+    first.reset();
+
+    EXPECT_TRUE(QFile::exists(m_path));
+    SessionLock third(m_path);
+    EXPECT_EQ(third.Take(), Outcome::Held);
+}
+
+TEST_F(SessionLockFile, ThatAnotherUserLeftBehindIsMadeAnew)
+{
+    WriteHolder("2147483647");
+    LeaveOthers(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    const AsAnotherUser other;
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::Taken);
+
+    EXPECT_TRUE(
+        Written().startsWith(QByteArray::number(QCoreApplication::applicationPid()) + "\n"));
+    SessionLock second(m_path);
+    EXPECT_EQ(second.Take(), Outcome::Held);
+}
+
+TEST_F(SessionLockFile, ThatAnotherUserHoldsIsHeld)
+{
+    SessionLock first(m_path);
+    EXPECT_EQ(first.Take(), Outcome::Taken);
+    LeaveOthers(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    const AsAnotherUser other;
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::Held);
+    EXPECT_TRUE(QFile::exists(m_path));
+}
+
+TEST_F(SessionLockFile, ThatCannotBeReadIsHeld)
+{
+    WriteHolder("2147483647");
+    LeaveOthers({});
+    const AsAnotherUser other;
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::Held);
+}
+
+TEST_F(SessionLockFile, IsNotPossibleWithALinkInItsPlace)
+{
+    const QString target = m_folder.Path("target");
+    const QString missing = m_folder.Path("missing");
+    ASSERT_TRUE(QFile::link(missing, m_path));
+    {
+        SessionLock lock(m_path);
+        EXPECT_EQ(lock.Take(), Outcome::NotPossible);
+    }
+    EXPECT_FALSE(QFile::exists(missing));
+
+    m_folder.Write("target", "someone's");
+    ASSERT_TRUE(QFile::remove(m_path));
+    ASSERT_TRUE(QFile::link(target, m_path));
+    {
+        SessionLock lock(m_path);
+        EXPECT_EQ(lock.Take(), Outcome::NotPossible);
+    }
+    EXPECT_EQ(m_folder.Bytes("target"), "someone's");
+    EXPECT_TRUE(QFileInfo(m_path).isSymLink());
+}
+
+TEST_F(SessionLockFile, IsNotPossibleWithAPipeInItsPlace)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(m_path).constData(), 0666), 0);
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::NotPossible);
+}
+
 TEST_F(SessionLockFile, IsNotPossibleWithoutTheFolder)
 {
-    SessionLock lock(m_folder.filePath("missing/Program.lock"));
+    SessionLock lock(m_folder.Path("missing/Program.lock"));
     EXPECT_EQ(lock.Take(), Outcome::NotPossible);
 }
 
