@@ -96,16 +96,19 @@ QString StatusPanel::ToolTip() const
 
 void StatusPanel::Click(Screen::Button button) const
 {
-    const QStringList icons = Icons();
-    if (icons.isEmpty())
-        return; // the test sees that nothing follows
     const QString method = button == Screen::Button::Left ? u"Activate"_s : u"ContextMenu"_s;
-    auto call =
-        QDBusMessage::createMethodCall(icons.first(), u"/StatusNotifierItem"_s, kItem, method);
-    call.setArguments({0, 0}); // where on the screen
-    const QDBusMessage answer = m_bus.call(call);
-    if (answer.type() == QDBusMessage::ErrorMessage)
-        qWarning() << method << answer.errorMessage();
+    // A program that finds its icon missing adds it anew: then the one in the list may be gone.
+    const auto isTaken = [&] {
+        const QStringList icons = Icons();
+        if (icons.isEmpty())
+            return false;
+        auto call =
+            QDBusMessage::createMethodCall(icons.first(), u"/StatusNotifierItem"_s, kItem, method);
+        call.setArguments({0, 0}); // where on the screen
+        return m_bus.call(call).type() == QDBusMessage::ReplyMessage;
+    };
+    if (!WaitUntil(isTaken))
+        qWarning() << "no icon takes" << method;
 }
 
 XPanel::XPanel(const Desktop &desktop)
@@ -135,6 +138,9 @@ std::optional<QPoint> XPanel::Icon() const
 
 void XPanel::Click(Screen::Button button) const
 {
-    if (const auto icon = Icon())
+    std::optional<QPoint> icon;
+    if (WaitUntil([&] { return (icon = Icon()).has_value(); }))
         m_screen.Click(*icon, button);
+    else
+        qWarning() << "no icon to be clicked";
 }

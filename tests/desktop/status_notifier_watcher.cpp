@@ -27,6 +27,9 @@ void StatusNotifierWatcher::RegisterStatusNotifierItem(const QString &service)
     m_items.append(service);
     m_owners.addWatchedService(service);
     Q_EMIT StatusNotifierItemRegistered(service);
+    // One that has gone before it was watched goes without a word.
+    if (!m_owners.connection().interface()->isServiceRegistered(service).value())
+        Forget(service);
 }
 
 void StatusNotifierWatcher::RegisterStatusNotifierHost(const QString & /*service*/) {}
