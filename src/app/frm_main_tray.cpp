@@ -46,6 +46,7 @@ frmMainTray::frmMainTray(ProgramState &state, PanelIcon &panelIcon)
     connect(&m_panelIcon, &PanelIcon::Clicked, this, &frmMainTray::TakeClick);
     connect(&m_panelIcon, &PanelIcon::PanelWent, &tmrPanelGone, qOverload<>(&QTimer::start));
     connect(&m_panelIcon, &PanelIcon::PanelCame, &tmrPanelGone, &QTimer::stop);
+    connect(&m_panelIcon, &PanelIcon::PanelCame, this, &frmMainTray::TakePanel);
 }
 
 void frmMainTray::LoadTray()
@@ -66,8 +67,7 @@ void frmMainTray::UnloadTray()
 void frmMainTray::StartIconAnimation()
 {
     m_minimizeToTray.StartIconAnimation();
-    if (m_ticks > 1 && tmrIconUpdate.isActive())
-        WaitForTicks(1);
+    WakeIcon();
 }
 
 void frmMainTray::StartMinimized()
@@ -121,6 +121,20 @@ void frmMainTray::TakeTicks()
     for (int i = 0; i < m_ticks; ++i)
         tmrIconUpdate_Timer();
     WaitForTicks(1 + QuietTicks(m_tray));
+}
+
+// The first picture of the set finds the icon missing; one that rests would look for it seconds
+// later.
+void frmMainTray::TakePanel()
+{
+    m_tray.TrayFrame = 0;
+    WakeIcon();
+}
+
+void frmMainTray::WakeIcon()
+{
+    if (m_ticks > 1 && tmrIconUpdate.isActive())
+        WaitForTicks(1);
 }
 
 void frmMainTray::WaitForTicks(int ticks)

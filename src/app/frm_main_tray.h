@@ -48,6 +48,8 @@ private:
     void TraceResize() const;
     void TakeClick(Qt::MouseButton button);
     void TakeTicks();
+    void TakePanel();
+    void WakeIcon();
     void WaitForTicks(int ticks);
     void RenewHiddenWindow();
     void BringDialogsBack();

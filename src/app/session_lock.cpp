@@ -112,7 +112,7 @@ SessionLock::Outcome SessionLock::Take()
             return Outcome::Taken;
         m_file.close();
     }
-    return Outcome::Held;
+    return Outcome::NotPossible; // a file system without lasting numbers of files
 }
 
 /// Writes this process into the file that is locked.

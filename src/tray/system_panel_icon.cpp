@@ -48,10 +48,13 @@ void SystemPanelIcon::LookForPanel()
     const bool isThere = m_panel->IsThere();
     if (std::exchange(m_isPanelThere, isThere) == isThere)
         return;
-    if (isThere)
+    if (isThere) {
         Q_EMIT PanelCame();
-    else
-        Q_EMIT PanelWent();
+        return;
+    }
+    // Or the toolkit would put it into the next panel ahead of anybody who knows of it.
+    Remove();
+    Q_EMIT PanelWent();
 }
 
 void SystemPanelIcon::TakeActivation(QSystemTrayIcon::ActivationReason reason)

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void keepsTheActivitySetForAPanelThatComesBack();
     void noticesAMissingPanelThoughThePictureIsTheSame();
     void isAddedToAPanelThatComesLater();
+    void isAddedSoonToAPanelThatComesBackWhileItRests();
     void isRemovedBehindTheSettings();
     void isNotLoadedByAStartThatFails();
     void unloadsItsImagesAtTheEnd();
@@ -307,6 +308,21 @@ void tst_TrayIcon::isAddedToAPanelThatComesLater()
     m->panelIcon.BringPanel();
     Tick();
 
+    QVERIFY(m->panelIcon.IsShown());
+    QCOMPARE(ShownByTicks(56), CycleOf("idle"));
+}
+
+void tst_TrayIcon::isAddedSoonToAPanelThatComesBackWhileItRests()
+{
+    QVERIFY(!m->Start());
+    LetTimePass(11);
+    QCOMPARE(Timer()->interval(), 4600);
+
+    m->panelIcon.TakePanelAway();
+    m->panelIcon.BringPanel();
+
+    QCOMPARE(Timer()->interval(), 100);
+    LetTimePass();
     QVERIFY(m->panelIcon.IsShown());
     QCOMPARE(ShownByTicks(56), CycleOf("idle"));
 }
