@@ -41,11 +41,17 @@ protected:
 
     [[nodiscard]] QByteArray Written() const { return m_folder.Bytes("Program.lock"); }
 
-    /// Leaves others no right to write the file, but all of them in its folder.
-    void LeaveOthers(QFile::Permissions rights) const
+    /// Leaves everyone the same rights to the file, and those of `folderMode` to its folder.
+    void LeaveOthers(QFile::Permissions rights, mode_t folderMode = 0777) const
     {
         ASSERT_TRUE(QFile::setPermissions(m_path, rights));
-        ASSERT_EQ(::chmod(QFile::encodeName(m_folder.Path(".")).constData(), 0777), 0);
+        ASSERT_EQ(::chmod(QFile::encodeName(m_folder.Path(".")).constData(), folderMode), 0);
+    }
+
+    void TearDown() override
+    {
+        // Or what is in it could not be removed with the folder.
+        EXPECT_EQ(::chmod(QFile::encodeName(m_folder.Path(".")).constData(), 0700), 0);
     }
 };
 
@@ -188,6 +194,21 @@ TEST_F(SessionLockFile, ThatAnotherUserLeftBehindIsMadeAnew)
         Written().startsWith(QByteArray::number(QCoreApplication::applicationPid()) + "\n"));
     SessionLock second(m_path);
     EXPECT_EQ(second.Take(), Outcome::Held);
+}
+
+TEST_F(SessionLockFile, ThatCanNeitherBeWrittenNorRemovedIsTakenAsItIs)
+{
+    WriteHolder("2147483647");
+    const QByteArray before = Written();
+    LeaveOthers(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther, 0555);
+    const AsAnotherUser other;
+
+    SessionLock lock(m_path);
+    EXPECT_EQ(lock.Take(), Outcome::Taken);
+    SessionLock second(m_path);
+    EXPECT_EQ(second.Take(), Outcome::Held);
+
+    EXPECT_EQ(Written(), before);
 }
 
 TEST_F(SessionLockFile, ThatAnotherUserHoldsIsHeld)
