@@ -1,12 +1,12 @@
-// One whole cycle, from the requests of an airport report and of a zone forecast to the two output
-// files: the processor time that it adds to the running program, beside weather-util's `weather`
-// and beside curl, which ask the same host for the same two texts. Fetching two texts is what is
-// done four times an hour; starting a program for it is the peers' way of doing it.
+// One whole cycle, from the requests for an airport report and a zone forecast to the two output
+// files: the processor time that it adds to the running program, compared with weather-util's
+// `weather` and with curl, which request the same two texts from the same host. The job is to fetch
+// two texts, four times an hour; the peers do it by starting a program.
 
-#include "app/frm_main.h"
 #include "core/clock.h"
 #include "net/curl_transfers.h"
 #include "support/fake_panel_icon.h"
+#include "support/whole_program.h"
 
 #include <QApplication>
 #include <QDir>
@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCycles = 200;
-constexpr int kFirstCycles = 5;  // that load what is loaded once
+constexpr int kFirstCycles = 5;  // which load what is loaded only once
 constexpr int kTick = 25;        // milliseconds
 constexpr int kLongest = 30'000; // milliseconds
 const QString kReport = u"/data/observations/metar/decoded/KSEA.TXT"_s;
@@ -38,7 +38,7 @@ bool Write(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-/// The shipped profiles with the host on this machine in the place of the service.
+/// The shipped profiles with the host on this machine in place of the service.
 bool WriteFiles(const QDir &folder, const QString &host)
 {
     QFile shipped(QStringLiteral(TAVRIN_SHIPPED_PROFILES));
@@ -58,15 +58,16 @@ bool WriteFiles(const QDir &folder, const QString &host)
 
 /// Both requests, and the timer's ticks until both files are written: ten times as often as the
 /// program's own, so that 200 cycles do not take minutes.
-bool RunCycle(frmMain &window, const ProgramState &state)
+bool RunCycle(WholeProgram &program)
 {
-    window.StartWeatherRequest();
-    window.StartForecastRequest();
+    program.window.StartWeatherRequest();
+    program.window.StartForecastRequest();
     QEventLoop loop;
     QTimer ticks;
     QObject::connect(&ticks, &QTimer::timeout, &loop, [&] {
-        window.tmrMain_Timer();
-        if (state.WeatherThreadHandle == 0 && state.ForecastThreadHandle == 0)
+        program.window.tmrMain_Timer();
+        if (program.station.WeatherThreadHandle() == 0
+            && program.station.ForecastThreadHandle() == 0)
             loop.quit();
     });
     ticks.start(kTick);
@@ -79,29 +80,27 @@ int RunProgram(const QDir &folder)
 {
     CurlTransfers http;
     const SystemClock clock;
-    ProgramState state;
-    state.files.folder = folder.path();
     FakePanelIcon panelIcon;
-    frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
-    if (window.Form_Load({}))
+    WholeProgram program({.folder = folder.path()}, {clock, http, panelIcon});
+    if (program.window.Form_Load({}))
         return 1;
-    window.show();
+    program.window.show();
     double before = 0;
     for (int cycle = -kFirstCycles; cycle < kCycles; ++cycle) {
         if (cycle == 0)
             before = ProcessorMilliseconds(RUSAGE_SELF);
         for (const auto *file : {"Weather.ini", "Forecast.ini"})
             QFile::remove(folder.filePath(QString::fromLatin1(file)));
-        if (!RunCycle(window, state) || !folder.exists(u"Weather.ini"_s)
+        if (!RunCycle(program) || !folder.exists(u"Weather.ini"_s)
             || !folder.exists(u"Forecast.ini"_s))
             return 1;
     }
     std::printf("%f\n", (ProcessorMilliseconds(RUSAGE_SELF) - before) / kCycles);
-    window.Form_Unload();
+    program.window.Form_Unload();
     return 0;
 }
 
-/// What a program prints, when it ends well.
+/// What a program prints, if it succeeds.
 std::optional<QByteArray> Output(const QString &program, const QStringList &arguments,
                                  const QDir &folder)
 {
@@ -113,7 +112,7 @@ std::optional<QByteArray> Output(const QString &program, const QStringList &argu
     return process.readAllStandardOutput();
 }
 
-/// Milliseconds of one run of a peer; nothing when it fails or what it prints lacks `expected`.
+/// Milliseconds of one run of a peer; nothing if it fails or its output lacks `expected`.
 std::optional<double> Peer(const QString &program, const QStringList &arguments, const QDir &folder,
                            const char *expected)
 {

@@ -1,10 +1,10 @@
-// How the cost of each text grows: ten times the input beside the input. Processor time of the
-// thread, medians. Goal: at most eleven times.
+// How the cost of each kind of text grows: ten times the input compared with the input. Processor
+// time of the thread, medians. Goal: at most eleven times.
 
 #include "forecast/forecast_text.h"
 #include "net/body_text.h"
 #include "store/ini_file.h"
-#include "weather/weather_data.h"
+#include "support/read_weather.h"
 #include "zones/zone_header.h"
 #include "zones/zone_listing.h"
 
@@ -22,9 +22,9 @@ namespace {
 
 constexpr qsizetype kSmall = qsizetype(100) * 1024; // characters
 constexpr int kGrowth = 10;
-constexpr int kTurns = 20; // of the small input; a tenth of it of the large one
+constexpr int kTurns = 20; // of the small input; a tenth as many of the large one
 
-/// `pattern` as often as `size` characters hold it.
+/// `pattern` repeated as often as it fits `size` characters.
 QString Repeated(const QString &pattern, qsizetype size)
 {
     return pattern.repeated(size / pattern.size());
@@ -37,19 +37,6 @@ double ThreadMilliseconds()
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-/// Takes what the parser reports and forgets it.
-class QuietHost final : public WeatherDataHost
-{
-public:
-    void SetStatus(const QString & /*text*/) override {}
-    void ShowRawData(const QString & /*reply*/) override {}
-    void CheckMinMaxTemp(double /*temp*/) override {}
-    [[nodiscard]] const MinMaxTemps &MinMax() const override { return m_minMax; }
-
-private:
-    MinMaxTemps m_minMax;
-};
-
 /// Work on an input that has been made before: no time is taken for the making.
 using Work = std::function<void()>;
 
@@ -58,14 +45,11 @@ Work ParseAtTheEnd(qsizetype size)
     WeatherProfile profile;
     QString values;
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
-        profile.tags[i] = {.Open = u'<' + kQuantityStems[i].toString() + u'>', .Close = u"<"_s};
+        profile.tags[i] = {.Open = u'<' + kQuantities[i].stem.toString() + u'>', .Close = u"<"_s};
         values += profile.tags[i].Open + u"61.5<\r\n"_s;
     }
     const QString page = Repeated(u"<tr><td>a line of the page</td></tr>\n"_s, size) + values;
-    return [profile, page]() mutable {
-        QuietHost host;
-        static_cast<void>(ParseWeatherData(&profile, page, QDateTime(), host));
-    };
+    return [profile, page]() mutable { static_cast<void>(ReadInto(&profile, page, QDateTime())); };
 }
 
 Work CleanAForecast(qsizetype size)
@@ -99,7 +83,7 @@ Work DecodeABody(qsizetype size)
     return [body] { static_cast<void>(BodyText(body, "text/plain; charset=utf-8")); };
 }
 
-/// A group of writes to a file of so many sections, as after each reply.
+/// A group of writes to a file with that many sections, as after each reply.
 Work WriteIntoAFile(qsizetype size)
 {
     auto folder = std::make_shared<QTemporaryDir>();

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kKeys = 17; // as many as the weather output file has
+constexpr int kKeys = 17; // as many as in the weather output file
 
 /// One group of writes as after each reply: the file is read, 17 values are changed, the file is
 /// stored. One of the values is as long as a reply whose closing tag is missing.
@@ -29,7 +29,7 @@ void StoreOneGroup(benchmark::State &state)
             const QString key = u"KEY"_s + QString::number(i);
             WriteIniValue(file, u"Weather", key, QString::number(cycle + i), true);
         }
-        if (!file.Commit())
+        if (file.Commit().IsError())
             state.SkipWithError("the file cannot be written");
     }
 }

@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <vector>
 
-// What the benchmarks without a library of their own share.
+// Shared by the benchmarks that do not use a benchmark library.
 
-/// How often each thing is measured; the middle figure counts.
+/// How often each thing is measured; the median counts.
 inline constexpr int kRuns = 11;
 
-/// The middle one of an odd number of figures.
+/// The median of an odd number of figures.
 [[nodiscard]] inline double Median(std::vector<double> figures)
 {
     const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 2);
@@ -19,8 +19,8 @@ inline constexpr int kRuns = 11;
     return *middle;
 }
 
-/// Processor time so far, in milliseconds, of this process (RUSAGE_SELF) or of those that it has
-/// started and that have ended (RUSAGE_CHILDREN).
+/// Processor time so far, in milliseconds, of this process (RUSAGE_SELF) or of the ended processes
+/// that it has started (RUSAGE_CHILDREN).
 [[nodiscard]] inline double ProcessorMilliseconds(int who)
 {
     rusage used{};

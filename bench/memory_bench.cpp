@@ -1,16 +1,16 @@
-// The program's window beside a plain window with the same number of stock controls that links the
-// same libraries: processor time from the process's start to the first paint, and resident memory,
-// idle and shown, when both have made one transfer; and what is left of a reply of 16 MiB after a
-// small one has followed it. The stock controls bear the texts of the program's; a third window
-// has them without any text, which spares it the shaping and drawing of letters.
+// The program's window compared with a plain window that has the same number of stock controls and
+// links the same libraries: processor time from the process's start to the first paint, and
+// resident memory, idle and shown, after both have made one transfer; and what remains of a reply
+// of 16 MiB after a small one has followed it. The stock controls have the program's texts; those
+// of a third window have none, so no letters are shaped and drawn there.
 //
-// The measuring process serves the replies; each window runs in a process of its own, since what
-// one has used would flatter the other.
+// The measuring process serves the replies; each window runs in its own process, because memory
+// that one has used would flatter the other.
 
-#include "app/frm_main.h"
 #include "core/clock.h"
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
+#include "support/whole_program.h"
 #include "tray/panel_icon.h"
 
 #include <QApplication>
@@ -43,7 +43,7 @@ constexpr auto kLongest = std::chrono::seconds(30);
 constexpr auto kIdle = std::chrono::seconds(2);
 
 /// A panel that takes each picture in two sizes, as one on a screen of twice the resolution does.
-/// A panel is another program: it asks for a picture some time after it was told of it.
+/// A panel is another program: it requests a picture some time after it was told of it.
 class TakingPanelIcon final : public PanelIcon
 {
 public:
@@ -79,7 +79,7 @@ private:
     QPixmap m_large;
 };
 
-/// Resident memory of this process in KiB; 0 when the system does not tell.
+/// Resident memory of this process in KiB; 0 if the system does not tell.
 long ResidentKiB()
 {
     QFile status(u"/proc/self/status"_s);
@@ -92,7 +92,7 @@ long ResidentKiB()
     return 0;
 }
 
-/// Runs the message loop until `condition` holds; false when it does not in time.
+/// Runs the event loop until `condition` holds; false if it does not in time.
 bool RunUntil(const std::function<bool()> &condition)
 {
     const auto end = std::chrono::steady_clock::now() + kLongest;
@@ -117,13 +117,13 @@ void Print(const char *what, double figure)
     std::fflush(stdout);
 }
 
-/// Prints the processor time that this process had taken when a window was first painted.
+/// Prints the processor time that this process had used when a window was first painted.
 class FirstPaint final : public QObject
 {
 public:
     explicit FirstPaint(QWidget *window) : m_window(window)
     {
-        // Behind the paint itself, which the filter is asked ahead of.
+        // After the paint itself, because the filter is called before it.
         m_painted.setSingleShot(true);
         m_painted.callOnTimeout([] { Print("paint", ProcessorMilliseconds(RUSAGE_SELF)); });
         window->installEventFilter(this);
@@ -156,10 +156,9 @@ int RunProgram(const QString &url)
     profiles.close();
     CurlTransfers http;
     const SystemClock clock;
-    ProgramState state;
-    state.files.folder = folder.path();
     TakingPanelIcon panelIcon;
-    frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
+    WholeProgram program({.folder = folder.path()}, {clock, http, panelIcon});
+    frmMain &window = program.window;
     const FirstPaint firstPaint(&window);
     if (window.Form_Load({}))
         return 1;
@@ -167,7 +166,7 @@ int RunProgram(const QString &url)
     const auto request = [&](const QString &page) {
         window.findChild<QLineEdit *>(u"txtLocation1"_s)->setText(page);
         window.StartWeatherRequest();
-        return RunUntil([&] { return state.WeatherThreadHandle == 0; });
+        return RunUntil([&] { return program.station.WeatherThreadHandle() == 0; });
     };
     if (!request(u"small"_s))
         return 1;
@@ -181,8 +180,8 @@ int RunProgram(const QString &url)
     return 0;
 }
 
-/// Calls `use` with each stock kind of control (a null pointer of its type) and its name, and ends
-/// where that returns true.
+/// Calls `use` with each stock kind of control (a null pointer of its type) and its name, until
+/// that returns true.
 template <typename Use>
 bool AnyKind(Use use)
 {
@@ -208,13 +207,13 @@ constexpr const char *TextProperty()
         return "text";
 }
 
-/// A plain window with the controls that `names` (name and, behind a blank, text) says, in rows.
+/// A plain window with the controls in `names` (name and, after a blank, text), in rows.
 int RunStock(const QString &url, const QStringList &names)
 {
     CurlTransfers http;
     QWidget window;
     window.setFixedSize(frmMain::kClientSize);
-    constexpr int kColumns = 5; // so that all are seen
+    constexpr int kColumns = 5; // so that all are visible
     constexpr int kWidth = frmMain::kClientSize.width() / kColumns;
     constexpr int kHeight = 22;
     for (int i = 0; i < names.size(); ++i) {
@@ -240,14 +239,14 @@ int RunStock(const QString &url, const QStringList &names)
     return 0;
 }
 
-/// The controls of stock kinds in the program's window, as RunStock() takes them.
+/// The controls of stock kinds in the program's window, in the form that RunStock() takes.
 QStringList ControlNames()
 {
     CurlTransfers http;
     const SystemClock clock;
-    ProgramState state;
     TakingPanelIcon panelIcon;
-    const frmMain window(state, {clock, http, panelIcon}, [](auto &&...) { return true; });
+    const WholeProgram program({}, {clock, http, panelIcon});
+    const frmMain &window = program.window;
     QStringList names;
     AnyKind([&](auto *kind, const QString &name) {
         using Control = std::remove_pointer_t<decltype(kind)>;
@@ -271,7 +270,7 @@ std::string Page(const std::string &head)
     return page + small;
 }
 
-/// Runs this program in the given part and reads what it printed under `names`.
+/// Runs this program in the given role and reads what it printed under `names`.
 QList<double> Measure(const QStringList &arguments, const QStringList &names)
 {
     QProcess part;
@@ -286,7 +285,7 @@ QList<double> Measure(const QStringList &arguments, const QStringList &names)
     return figures;
 }
 
-/// What the runs of one window have measured.
+/// What was measured in the runs of one window.
 struct Figures
 {
     std::vector<double> paint; ///< Milliseconds.
@@ -294,7 +293,7 @@ struct Figures
     std::vector<double> left;  ///< KiB; of the program's window.
 };
 
-/// Runs one window once more.
+/// Runs one window one more time.
 bool Add(Figures &figures, const QStringList &arguments)
 {
     const bool isProgram = arguments.value(1) == "program"_L1;

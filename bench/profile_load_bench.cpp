@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kProfiles = 10;
 
-/// A profile with every key set, texts as long as those of a real service.
+/// A profile with every key set, with texts as long as a real service's.
 QByteArray FullProfile(int index)
 {
     const QByteArray number = QByteArray::number(index);
@@ -22,14 +22,14 @@ QByteArray FullProfile(int index)
                             "location1Title", "location2Title", "location3Title", "location4Title",
                             "mainNodeOpen", "mainNodeClose", "windSpeedDirFormat"})
         lines += key + "=A[SP]text[SP]of[SP]the[SP]service, number "_ba + number + "\r\n";
-    for (const QStringView stem : kQuantityStems) {
+    for (const QuantityRow &row : kQuantities) {
         for (const char *group : {"Open", "Close", "Prefix", "Suffix", "Units", "Factor"})
-            lines += stem.toLatin1() + group + "=<" + stem.toLatin1() + "[SP]value=\r\n";
+            lines += row.stem.toLatin1() + group + "=<" + row.stem.toLatin1() + "[SP]value=\r\n";
     }
     return lines + "concatinateWindSpeedDir=TRUE\r\nrequired=temperature\r\n";
 }
 
-/// What the program does at start-up: one file read, 1,170 values asked for.
+/// What the program does at start-up: it reads one file and looks up 1,170 values.
 void LoadTenFullProfiles(benchmark::State &state)
 {
     QByteArray bytes;

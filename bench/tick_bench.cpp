@@ -1,6 +1,6 @@
-// How long one tick of the main timer holds up the message loop when a transfer has ended: parse,
-// display, min/max store and output file; also where the host has sent what it should not. Figures
-// are processor time of the one thread.
+// How long one tick of the main timer blocks the event loop after a transfer has ended: parse,
+// display, min/max store and output file; also if the host has sent what it should not. Figures are
+// processor time of the one thread.
 
 #include <QApplication>
 
@@ -19,11 +19,11 @@ namespace {
 
 constexpr int kMegabyte = 1024 * 1024;
 
-/// What stands behind a value in the reply.
+/// What follows a value in the reply.
 enum class Closing
 {
     Found,  ///< Its closing tag.
-    Missing ///< None: the value is all the rest of the reply.
+    Missing ///< Nothing: the value is the whole rest of the reply.
 };
 
 double ThreadMilliseconds()
@@ -46,15 +46,15 @@ QString Page(qsizetype size, bool oneLine = false)
 }
 
 /// The same with the values at its end.
-QString Reply(qsizetype size, bool oneLine)
+QString WeatherReply(qsizetype size, bool oneLine)
 {
     QString page = Page(size, oneLine);
-    for (const QStringView stem : kQuantityStems)
-        page += u'<' + stem.toString() + u">61.5<"_s;
+    for (const QuantityRow &row : kQuantities)
+        page += u'<' + row.stem.toString() + u">61.5<"_s;
     return page;
 }
 
-/// A zone's forecast of `size` characters, in paragraphs as offices write them.
+/// A zone's forecast of `size` characters, in paragraphs such as offices write.
 QString Forecast(qsizetype size)
 {
     const QString paragraph = u".MONDAY...Partly sunny with a slight chance of showers in the\n"
@@ -72,7 +72,7 @@ WeatherProfile Profile(Closing closing)
     profile.title = u"Service"_s;
     profile.baseURL = u"http://service/"_s;
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
-        profile.tags[i].Open = u'<' + kQuantityStems[i].toString() + u'>';
+        profile.tags[i].Open = u'<' + kQuantities[i].stem.toString() + u'>';
         profile.tags[i].Close = u"<"_s;
     }
     profile[Quantity::MinTemp].Units = u"%MIN%"_s;
@@ -81,7 +81,7 @@ WeatherProfile Profile(Closing closing)
     return profile;
 }
 
-/// Times the ticks that follow `endTransfer`, which starts a transfer and ends it.
+/// Times the ticks after `endTransfer`, which starts a transfer and ends it.
 void MeasureTicks(benchmark::State &state, frmMain &window,
                   const std::function<void()> &endTransfer)
 {
@@ -97,7 +97,7 @@ void MeasureTicks(benchmark::State &state, frmMain &window,
     state.counters["worst_ms"] = worst;
 }
 
-/// Ends a transfer as received with `reply`, or as failed where there is none.
+/// Ends a transfer as received with `reply`, or as failed if there is none.
 void End(FakeTransfers &http, TransferHandle transfer, const std::optional<QString> &reply)
 {
     if (reply)
@@ -106,12 +106,12 @@ void End(FakeTransfers &http, TransferHandle transfer, const std::optional<QStri
         http.Fail(transfer);
 }
 
-/// Times the ticks behind weather transfers that received `reply`, or failed where there is none.
+/// Times the ticks after weather transfers that received `reply`, or failed if there is none.
 void MeasureWeather(benchmark::State &state, MainWindow &m, const std::optional<QString> &reply)
 {
     MeasureTicks(state, *m.window, [&] {
         m.window->StartWeatherRequest();
-        End(m.http, m.state.WeatherThreadHandle, reply);
+        End(m.http, m.station->WeatherThreadHandle(), reply);
     });
     if (!m.http.open.empty())
         state.SkipWithError("a tick left its transfer alone");
@@ -125,7 +125,7 @@ void MeasureForecast(benchmark::State &state, const std::optional<QString> &repl
         state.SkipWithError("not started");
     MeasureTicks(state, *m.window, [&] {
         m.window->StartForecastRequest();
-        End(m.http, m.state.ForecastThreadHandle, reply);
+        End(m.http, m.station->ForecastThreadHandle(), reply);
     });
     if (!m.http.open.empty())
         state.SkipWithError("a tick left its transfer alone");
@@ -135,8 +135,8 @@ void StartWith(MainWindow &m, benchmark::State &state, const WeatherProfile &pro
 {
     if (m.Start())
         state.SkipWithError("not started");
-    m.state.profiles.weather[0] = profile;
-    m.state.profiles.currentWeatherProfile = 0;
+    m.station->profiles.weather[0] = profile;
+    m.station->profiles.currentWeatherProfile = 0;
 }
 
 /// Arguments: megabytes of reply; 1: in one line; 1: the raw-data box is open; 1: one value without
@@ -147,7 +147,7 @@ void Tick(benchmark::State &state)
     StartWith(m, state, Profile(state.range(3) != 0 ? Closing::Missing : Closing::Found));
     if (state.range(2) != 0)
         m.window->btnShowRaw_Click();
-    MeasureWeather(state, m, Reply(state.range(0) * kMegabyte, state.range(1) != 0));
+    MeasureWeather(state, m, WeatherReply(state.range(0) * kMegabyte, state.range(1) != 0));
 }
 
 void WeatherFails(benchmark::State &state)
@@ -157,7 +157,7 @@ void WeatherFails(benchmark::State &state)
     MeasureWeather(state, m, std::nullopt);
 }
 
-/// Argument: megabytes of a page that is no reply of the service, a network's log-in page for one.
+/// Argument: megabytes of a page that is not the service's reply, such as a network's log-in page.
 void WeatherIsAPage(benchmark::State &state)
 {
     MainWindow m;
@@ -179,7 +179,7 @@ void ForecastFails(benchmark::State &state)
     MeasureForecast(state, std::nullopt);
 }
 
-/// Argument: megabytes of a page that is no forecast.
+/// Argument: megabytes of a page that is not a forecast.
 void ForecastIsAPage(benchmark::State &state)
 {
     MeasureForecast(state, Page(state.range(0) * kMegabyte));

@@ -1,9 +1,9 @@
-// How long a reply takes to become the sixteen values, beside what any search of the same text
-// costs: seventeen plain searches for the opening tags and sixteen copies of the text.
+// How long it takes to turn a reply into the sixteen values, compared with what any search of the
+// same text costs: seventeen plain searches for the opening tags and sixteen copies of the text.
 
+#include "support/read_weather.h"
 #include "weather/main_node.h"
 #include "weather/node_value.h"
-#include "weather/weather_data.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,26 +17,13 @@ namespace {
 constexpr int kKilobyte = 1024;
 constexpr int kMegabyte = 1024 * kKilobyte;
 
-/// Takes what the parser reports and forgets it.
-class QuietHost final : public WeatherDataHost
-{
-public:
-    void SetStatus(const QString & /*text*/) override {}
-    void ShowRawData(const QString & /*reply*/) override {}
-    void CheckMinMaxTemp(double temp) override { benchmark::DoNotOptimize(temp); }
-    [[nodiscard]] const MinMaxTemps &MinMax() const override { return m_minMax; }
-
-private:
-    MinMaxTemps m_minMax;
-};
-
 WeatherProfile Profile()
 {
     WeatherProfile profile;
     profile.concatinateWindSpeedDir = true;
     profile.required = QStringList{u"temperature"_s};
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
-        profile.tags[i].Open = u'<' + kQuantityStems[i].toString() + u'>';
+        profile.tags[i].Open = u'<' + kQuantities[i].stem.toString() + u'>';
         profile.tags[i].Close = u"<"_s;
     }
     profile[Quantity::MinTemp].Units = u"%MIN%"_s;
@@ -47,8 +34,8 @@ WeatherProfile Profile()
 QString Reply(qsizetype size, bool atEnd)
 {
     QString values;
-    for (const QStringView stem : kQuantityStems)
-        values += u'<' + stem.toString() + u">61.5<\r\n"_s;
+    for (const QuantityRow &row : kQuantities)
+        values += u'<' + row.stem.toString() + u">61.5<\r\n"_s;
     const QString line = u"<tr><td>a line of the page around it</td>\t<td>no value</td></tr>\n"_s;
     QString page;
     while (page.size() + values.size() < size)
@@ -56,7 +43,7 @@ QString Reply(qsizetype size, bool atEnd)
     return atEnd ? page + values : values + page;
 }
 
-/// Rounds between two looks at the clock, so that small texts outweigh the look itself.
+/// Rounds between two readings of the clock, so that small texts outweigh the reading itself.
 int Rounds(qsizetype size)
 {
     return static_cast<int>(1 + qsizetype{400} * kKilobyte / size);
@@ -80,7 +67,7 @@ void SearchPlainly(const QString &text, const WeatherProfile &profile)
     }
 }
 
-/// The two figures of a row: time over that of the plain search, and what a character costs.
+/// The two figures of a row: the time over that of the plain search, and the cost of a character.
 void Count(benchmark::State &state, double own, double plain, double characters)
 {
     state.counters["ratio"] = own / plain;
@@ -89,20 +76,19 @@ void Count(benchmark::State &state, double own, double plain, double characters)
 }
 
 /// Arguments: size in characters, values at the end (1) or the front (0). The counter `ratio` is
-/// the parse's time over the plain searches' time, measured in turn.
+/// the parse's time over the plain searches' time, measured alternately.
 void ParseWeatherDataBeside(benchmark::State &state)
 {
     const QString reply = Reply(state.range(0), state.range(1) != 0);
     const QDateTime now(QDate(2026, 11, 20), QTime(12, 0));
     WeatherProfile profile = Profile();
-    QuietHost host;
     const int rounds = Rounds(reply.size());
     double parsing = 0;
     double searching = 0;
     for ([[maybe_unused]] auto _ : state) {
         const double start = ThreadSeconds();
         for (int i = 0; i < rounds; ++i) {
-            if (!ParseWeatherData(&profile, reply, now, host))
+            if (!ReadInto(&profile, reply, now).taken)
                 state.SkipWithError("not parsed");
         }
         const double middle = ThreadSeconds();
@@ -115,8 +101,8 @@ void ParseWeatherDataBeside(benchmark::State &state)
     Count(state, parsing, searching, static_cast<double>(reply.size()) * rounds);
 }
 
-/// One value out of a text of the given size, its tag at the front or at the end, beside one plain
-/// search and one copy.
+/// One value from a text of the given size, with its tag at the front or at the end, compared with
+/// one plain search and one copy.
 void GetNodeValueBeside(benchmark::State &state)
 {
     QString data = WorkingText(Reply(state.range(0), state.range(1) != 0));
@@ -144,7 +130,7 @@ void GetNodeValueBeside(benchmark::State &state)
     Count(state, reading, searching, static_cast<double>(data.size()) * rounds);
 }
 
-/// From half a kilobyte to four megabytes of reply.
+/// Replies from half a kilobyte to four megabytes.
 void Sizes(benchmark::internal::Benchmark *bench)
 {
     for (const int atEnd : {0, 1}) {

@@ -1,6 +1,6 @@
-// A state's zone list of 254 files from a host that answers after 50 ms: the zone finder beside the
-// same files fetched one after the other over one kept connection, beside wget and curl where they
-// are installed. Then a large listing read beside a plain search through it.
+// A state's zone list of 254 files from a host that answers after 50 ms: the zone finder compared
+// with the same files fetched one after another over one kept connection, and with wget and curl if
+// they are installed. Then reading a large listing, compared with a plain search through it.
 
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
@@ -68,7 +68,7 @@ QStringList Urls(const QString &host)
     return urls;
 }
 
-/// The dialog, from the press of its button to its last entry.
+/// The dialog, from the press of the button to the last entry.
 bool FetchByDialog(const QString &host)
 {
     CurlTransfers http;
@@ -86,7 +86,7 @@ bool FetchByDialog(const QString &host)
     return dialog->findChild<QListWidget *>(u"lstZoneCodes"_s)->count() == kFiles;
 }
 
-/// One after the other over one kept connection.
+/// One after another over one kept connection.
 bool FetchInTurn(const QString &host)
 {
     CurlTransfers http;
@@ -97,7 +97,7 @@ bool FetchInTurn(const QString &host)
     });
 }
 
-/// Another program, which is told the addresses on its standard input.
+/// Another program, which gets the addresses on its standard input.
 bool FetchBy(const QString &program, const QStringList &arguments, const QByteArray &input)
 {
     const QTemporaryDir folder;
@@ -130,7 +130,7 @@ bool FetchByCurl(const QString &host)
 struct Way
 {
     const char *name = nullptr;
-    QString program = {}; ///< That it needs; empty: none.
+    QString program = {}; ///< The program that it needs; empty: none.
     std::function<bool(const QString &host)> fetch = {};
     std::array<qint64, kRounds> milliseconds = {};
 

@@ -6,13 +6,13 @@
 
 using namespace Qt::StringLiterals;
 
-// The texts of the forecast host at sizes up to the limit of a transfer.
+// The forecast host's texts, at sizes up to the limit of a transfer.
 
 namespace {
 
 constexpr qsizetype kMega = qsizetype{1024} * 1024;
 
-/// `pattern` as often as `size` characters hold it.
+/// `pattern` repeated as often as it fits `size` characters.
 QString Repeated(const QString &pattern, qsizetype size)
 {
     return pattern.repeated(size / pattern.size());
@@ -23,7 +23,7 @@ qsizetype Size(const benchmark::State &state)
     return static_cast<qsizetype>(state.range(0)) * kMega;
 }
 
-/// Paragraphs as offices write them.
+/// Paragraphs such as offices write.
 void CleanParagraphs(benchmark::State &state)
 {
     const QString product =
@@ -35,7 +35,7 @@ void CleanParagraphs(benchmark::State &state)
         benchmark::DoNotOptimize(CleanForecast(product, u"MDZ011"_s));
 }
 
-/// Nothing but what is replaced.
+/// Only what is replaced.
 void CleanLineEndsAndPeriods(benchmark::State &state)
 {
     const QString product = u"MDZ011-222100-\n"_s + Repeated(u"\n.\n...."_s, Size(state));
@@ -43,7 +43,7 @@ void CleanLineEndsAndPeriods(benchmark::State &state)
         benchmark::DoNotOptimize(CleanForecast(product, u"MDZ011"_s));
 }
 
-/// Rows of which every second one is stale.
+/// Rows, of which every second one is stale.
 void ReadListing(benchmark::State &state)
 {
     const QString row = u"<tr><td><a href=\"mdz011.txt\">mdz011.txt</a></td><td align=\"right\">"

@@ -56,7 +56,7 @@ std::optional<Moment> PlainMoment(const QRegularExpressionMatch &match)
 void CheckText(const QString &text)
 {
     static const QRegularExpression common(
-        u"^(0?[1-9]|1[0-2])/([0-9]{1,2})/([0-9]{4}) ([0-9]{1,2}):([0-9]{2})$"_s);
+        u"^(0?[1-9]|1[0-2])/([0-9]{1,2})/([0-9]{4}),? ([0-9]{1,2}):([0-9]{2})$"_s);
     static const QRegularExpression never(
         u"[^ -~]|[;=+*\"'<>\\[\\](){}&%$#@!?~^|_\\\\`]|[0-9]{5}|T[0-9]|Z$|^ *[0-9]* *$"_s);
     const std::optional<Moment> moment = ParseDateTime(text, kThisYear);
@@ -68,6 +68,10 @@ void CheckText(const QString &text)
            "blanks in a row are one");
     if (!moment)
         return;
+    static const QRegularExpression commaAndTime(u", *([0-9]{1,2} *([:.]|[ap]m)[^,]*)$"_s,
+                                                 QRegularExpression::CaseInsensitiveOption);
+    Demand(ParseDateTime(QString(text).replace(commaAndTime, u" \\1"_s), kThisYear) == moment,
+           "a comma ahead of the time says nothing");
     Demand(ParseDateTime(text.toUpper(), kThisYear) == moment, "capitals make no difference");
     Demand(ParseDateTime(text.toLower(), kThisYear) == moment, "small letters neither");
     Demand(IsWritable(*moment), "what is read can be written");

@@ -1,3 +1,4 @@
+#include "core/value_texts.h"
 #include "weather/node_value.h"
 
 #include <QDateTime>

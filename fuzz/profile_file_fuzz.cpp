@@ -10,8 +10,8 @@ namespace {
 /// Every text of a profile that stays when it is cleared, and none that does not.
 void CheckCleared(WeatherProfile profile)
 {
-    profile.values.timeValue = "12:51 PM";
-    profile.values.temperatureValue = "68.0 F";
+    profile.values[Quantity::Time] = "12:51 PM";
+    profile.values[Quantity::Temperature] = "68.0 F";
     const WeatherProfile before = profile;
 
     ClearWeatherProfile(profile);
@@ -24,8 +24,8 @@ void CheckCleared(WeatherProfile profile)
     Demand(profile.title.isEmpty() && profile.baseURL.isEmpty(), "title and address go");
     Demand(profile.copyrightURL == before.copyrightURL, "the credit's address stays");
     Demand(profile.concatinateWindSpeedDir == before.concatinateWindSpeedDir, "the flag stays");
-    Demand(profile.values.timeValue == "12:51 PM", "the time stays");
-    Demand(profile.values.temperatureValue.isEmpty(), "the temperature goes");
+    Demand(profile.values[Quantity::Time] == "12:51 PM", "the time stays");
+    Demand(profile.values[Quantity::Temperature].isEmpty(), "the temperature goes");
 }
 
 /// The slot as the file has it, key by key.
@@ -38,7 +38,7 @@ void CheckSlot(const WeatherProfile &profile, const PrivateProfile &file, const 
         return;
     }
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
-        const QString stem = kQuantityStems[i].toString();
+        const QString stem = kQuantities[i].stem.toString();
         const QuantityTags &tags = profile.tags[i];
         Demand(tags.Open == read(stem + "Open") && tags.Close == read(stem + "Close")
                    && tags.Prefix == read(stem + "Prefix") && tags.Suffix == read(stem + "Suffix")

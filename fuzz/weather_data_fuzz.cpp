@@ -1,8 +1,9 @@
 #include "profiles/profile_file.h"
 #include "weather/formulas.h"
 #include "weather/main_node.h"
+#include "weather/raw_data_text.h"
 #include "weather/required_values.h"
-#include "weather/weather_data.h"
+#include "weather/weather_reading.h"
 
 #include <algorithm>
 
@@ -12,21 +13,6 @@
 namespace {
 
 const QDateTime kNow(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
-
-/// What the parser says to its surroundings.
-class RecordingHost final : public WeatherDataHost
-{
-public:
-    void SetStatus(const QString &text) override { status = text; }
-    void ShowRawData(const QString &reply) override { raw.append(reply); }
-    void CheckMinMaxTemp(double temp) override { temps.push_back(temp); }
-    [[nodiscard]] const MinMaxTemps &MinMax() const override { return minMax; }
-
-    QString status;
-    QStringList raw;
-    std::vector<double> temps;
-    MinMaxTemps minMax;
-};
 
 /// How one quantity is computed, and below which result it does not apply.
 struct Rule
@@ -56,28 +42,28 @@ public:
 
     WeatherValues Parse()
     {
-        v.timeValue = Or(Read(Quantity::Time), "11/20/2026 12:00:00 PM");
-        v.locationValue = Or(Read(Quantity::Location), m_profile.location[0]);
-        v.temperatureValue = Read(Quantity::Temperature, "0.0");
-        v.conditionsValue = ReadWith(Quantity::Conditions, "", "0");
-        v.windSpeedDirValue = Wind();
-        v.humidityValue = Read(Quantity::Humidity);
-        v.atmosPressValue = Read(Quantity::AtmosPress);
-        v.visibilityValue = Read(Quantity::Visibility);
-        v.sunriseValue = Read(Quantity::Sunrise);
-        v.sunsetValue = Read(Quantity::Sunset);
-        v.minTempValue = m_minMax.PrevMinTemp <= -1000
-                           ? "N/A"
-                           : NumberToText(m_minMax.PrevMinTemp)
-                                 + Units(Quantity::MinTemp).replace("%MIN%", "");
-        v.maxTempValue = m_minMax.PrevMaxTemp >= 1000
-                           ? "N/A"
-                           : NumberToText(m_minMax.PrevMaxTemp)
-                                 + Units(Quantity::MaxTemp).replace("%MAX%", "");
-        v.precipValue = Read(Quantity::Precip);
-        v.windchillValue = Computed(kWindChill, SpeedText());
-        v.heatindexValue = Computed(kHeatIndex, v.humidityValue);
-        v.dewPointValue = Computed(kDewPoint, v.humidityValue);
+        v[Quantity::Time] = Or(Read(Quantity::Time), "11/20/2026 12:00:00 PM");
+        v[Quantity::Location] = Or(Read(Quantity::Location), m_profile.location[0]);
+        v[Quantity::Temperature] = Read(Quantity::Temperature, "0.0");
+        v[Quantity::Conditions] = ReadWith(Quantity::Conditions, "", "0");
+        v[Quantity::WindSpeed] = Wind();
+        v[Quantity::Humidity] = Read(Quantity::Humidity);
+        v[Quantity::AtmosPress] = Read(Quantity::AtmosPress);
+        v[Quantity::Visibility] = Read(Quantity::Visibility);
+        v[Quantity::Sunrise] = Read(Quantity::Sunrise);
+        v[Quantity::Sunset] = Read(Quantity::Sunset);
+        v[Quantity::MinTemp] = m_minMax.PrevMinTemp <= -1000
+                                 ? "N/A"
+                                 : NumberToText(m_minMax.PrevMinTemp)
+                                       + Units(Quantity::MinTemp).replace("%MIN%", "");
+        v[Quantity::MaxTemp] = m_minMax.PrevMaxTemp >= 1000
+                                 ? "N/A"
+                                 : NumberToText(m_minMax.PrevMaxTemp)
+                                       + Units(Quantity::MaxTemp).replace("%MAX%", "");
+        v[Quantity::Precip] = Read(Quantity::Precip);
+        v[Quantity::WindChill] = Computed(kWindChill, SpeedText());
+        v[Quantity::HeatIndex] = Computed(kHeatIndex, v[Quantity::Humidity]);
+        v[Quantity::DewPoint] = Computed(kDewPoint, v[Quantity::Humidity]);
         return v;
     }
 
@@ -121,11 +107,11 @@ private:
     /// The wind from its first digit or point on; "N/A" when there is none.
     [[nodiscard]] QString SpeedText() const
     {
-        if (v.windSpeedDirValue == "N/A")
+        if (v[Quantity::WindSpeed] == "N/A")
             return "N/A";
-        for (qsizetype i = 0; i < v.windSpeedDirValue.size(); ++i) {
-            if (QString("0123456789.").contains(v.windSpeedDirValue[i]))
-                return v.windSpeedDirValue.mid(i);
+        for (qsizetype i = 0; i < v[Quantity::WindSpeed].size(); ++i) {
+            if (QString("0123456789.").contains(v[Quantity::WindSpeed][i]))
+                return v[Quantity::WindSpeed].mid(i);
         }
         return "N/A";
     }
@@ -137,9 +123,9 @@ private:
         const bool fahrenheit = units.contains(rule.tokenF);
         if (!fahrenheit && !units.contains(rule.tokenC))
             return Read(rule.quantity);
-        if (Or(v.temperatureValue, "N/A") == "N/A" || Or(other, "N/A") == "N/A")
+        if (Or(v[Quantity::Temperature], "N/A") == "N/A" || Or(other, "N/A") == "N/A")
             return "N/A";
-        const std::optional<double> a = LeadingNumber(v.temperatureValue);
+        const std::optional<double> a = LeadingNumber(v[Quantity::Temperature]);
         const std::optional<double> b = LeadingNumber(other);
         if (!a || !b)
             return "N/A";
@@ -171,9 +157,8 @@ std::optional<QString> PlainWorking(const WeatherProfile &profile, QString text)
     return length < 0 ? text : text.mid(openAt + open.size() - 2, length);
 }
 
-void CheckRaw(const RecordingHost &host, const QString &reply)
+void CheckRaw(const QString &reply)
 {
-    Demand(host.raw == QStringList(reply), "the reply is shown once, as it came");
     QString shown = reply;
     shown.replace("\r", "").replace("\n", "\r\n").replace("\t", "     ");
     Demand(RawDataText(reply) == shown, "line ends and tabs in the raw data");
@@ -190,31 +175,33 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     LoadWeatherProfiles(profiles, PrivateProfile(input.UpTo("-- reply --"), CodePage::Utf8));
     WeatherProfile &profile = profiles.weather[0];
     profile.location[0] = "KNYC";
-    profile.values.temperatureValue = "as before";
+    profile.values[Quantity::Temperature] = "as before";
     const QString reply = TextOf(input.Rest());
-    RecordingHost host;
-    host.minMax.PrevMinTemp = 45.5;
-    host.minMax.PrevMaxTemp = profile.concatinateWindSpeedDir ? 1000 : 71;
+    MinMaxTemps minMax{.PrevMinTemp = 45.5};
+    minMax.PrevMaxTemp = profile.concatinateWindSpeedDir ? 1000 : 71;
     const WeatherProfile before = profile;
     std::optional<QString> working = PlainWorking(profile, reply);
     const bool whole = working && !MissingRequiredValue(profile, *working);
 
-    const bool parsed = ParseWeatherData(&profile, reply, kNow, host);
+    WeatherReading reading = BeginReading(&profile, reply, kNow);
 
-    CheckRaw(host, reply);
-    Demand(parsed == whole, "a reply with all that is required is parsed");
-    if (!parsed) {
-        Demand(profile.values == before.values && host.temps.empty(), "nothing changes");
-        Demand(!host.status.isEmpty(), "the status says why");
+    CheckRaw(reply);
+    Demand(reading.taken == whole, "a reply with all that is required is taken");
+    Demand(profile.values == before.values, "nothing changes by itself");
+    const std::optional<double> temperature = reading.temperature;
+    if (!reading.taken) {
+        Demand(!temperature, "no reading for the store");
+        Demand(!reading.statuses.isEmpty(), "the status says why");
         return 0;
     }
-    const WeatherValues plain = PlainParser(before, *working, host.minMax).Parse();
-    for (const WeatherValueField &field : kWeatherValueFields) {
-        Demand(!(profile.values.*field.value).isEmpty(), "no value is empty");
-        Demand(profile.values.*field.value == plain.*field.value, "the plain version's value");
+    const WeatherValues values = FinishReading(std::move(reading), profile, minMax, kNow);
+    const WeatherValues plain = PlainParser(before, *working, minMax).Parse();
+    for (const Quantity quantity : kValues) {
+        Demand(!values[quantity].isEmpty(), "no value is empty");
+        Demand(values[quantity] == plain[quantity], "the plain version's value");
     }
     const QString store = before[Quantity::MinTemp].Units + before[Quantity::MaxTemp].Units;
-    Demand(host.temps.empty() || store.contains('%'), "a reading goes to the store if asked so");
-    Demand(std::ranges::all_of(host.temps, [](double t) { return std::isfinite(t); }), "a number");
+    Demand(!temperature || store.contains('%'), "a reading goes to the store if asked so");
+    Demand(!temperature || std::isfinite(*temperature), "a number");
     return 0;
 }

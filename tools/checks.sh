@@ -1,4 +1,4 @@
-# Sourced by .ci/run: the checks beside the tests. Each fails with its findings on the console.
+# Sourced by .ci/run: the checks other than the tests. Each fails with its findings on the console.
 # shellcheck shell=bash
 
 # Every C++ file of the project, NUL-separated.
@@ -6,15 +6,15 @@ SourceFiles() { git ls-files -z --cached --others --exclude-standard -- '*.cpp' 
 
 CheckFormat() { SourceFiles | xargs -0 clang-format-14 --dry-run -Werror; }
 
-# The words of .codespellignore are names that only look misspelt. The replies, INI files and
-# pictures of the tests are data, and so is what the fuzz targets begin with.
+# The words in .codespellignore are names that only look misspelt. The replies, INI files and
+# pictures of the tests are data, and so are the seeds of the fuzz targets.
 CheckSpelling() {
   git ls-files -z --cached --others --exclude-standard -- ':!tests/data' ':!fuzz/corpus' \
     ':!*.png' |
     xargs -0 codespell --ignore-words=.codespellignore
 }
 
-# The tray icon's drawings are those that their script makes.
+# The tray icon's drawings must be what their script makes.
 CheckIcons() {
   local drawn result=0
   drawn=$(mktemp -d)
@@ -24,9 +24,9 @@ CheckIcons() {
   return "$result"
 }
 
-# Only the project's own sources: the generated moc files trip two of the checks. The fuzz targets
-# are in the compile commands of their own build alone, and the benchmarks in those of no build that
-# a linter can read: they get a configuration for it.
+# Only the project's own sources, because the generated moc files trip two of the checks. The fuzz
+# targets are only in the compile commands of their own build. The benchmarks are in none that a
+# linter can read, so they get a configuration for it.
 CheckTidy() {
   local root
   root=$(pwd | sed 's/[][\.*^$+?(){}|]/\\&/g')
@@ -38,48 +38,73 @@ CheckTidy() {
   } </dev/null 2>&1 | sed --regexp-extended '/^clang-tidy-14 |^[0-9]+ warnings? generated/d'
 }
 
-# The package starts from wherever it is unpacked, stays up, and SIGTERM ends it in good order.
+# The unpacked package must hold the profiles, the licence and the documents as they are in the
+# tree, and programs without symbols, which those of the build tree keep.
+CheckPackageContents() {
+  local package=$1 file program name count=0
+  for file in LICENSE profiles/TavrinWeatherProfiles.ini docs/files.md docs/profiles.md; do
+    name=${file/#docs/doc}
+    cmp "$file" "$package/${name#profiles/}" || Fail "the package does not hold $file"
+  done
+  HasSymbols() { grep --quiet --fixed-strings ' .symtab ' <<<"$(readelf --wide --sections "$1")"; }
+  for program in "$package"/Tavrin*; do
+    [[ -x $program ]] || continue
+    count=$((count + 1))
+    name=${program##*/}
+    ! HasSymbols "$program" || Fail "the packaged $name is not stripped"
+    HasSymbols "build/release/$name" || Fail "build/release/$name has lost its symbols"
+  done
+  ((count >= 3)) || Fail "the package holds $count programs"
+}
+
+# The package must be complete, and its programs must start from wherever it is unpacked, stay up, and
+# exit cleanly on SIGTERM.
 CheckPackage() {
-  local package program result=0
+  local package name program result
   folder=$(mktemp -d)
   pid=
   trap 'rm -rf "$folder"; [[ -z $pid ]] || kill -KILL "$pid" 2>/dev/null || true' EXIT
   cpack --preset release
   package=$(ls build/release/tavrin-weather-utility-*.tar.gz)
   tar --extract --file "$package" --directory "$folder"
-  program=$(echo "$folder"/*/TavrinWeatherUtility)
-  [[ -f ${program%/*}/TavrinWeatherProfiles.ini ]] || Fail "the package holds no profiles"
+  CheckPackageContents "$(echo "$folder"/*/)"
   mkdir "$folder/data"
-  TAVRIN_WEATHER_FOLDER=$folder/data "$program" </dev/null &
-  pid=$!
-  sleep 2
-  kill -0 "$pid" || Fail "the packaged program did not stay up for 2 s"
-  kill -TERM "$pid"
-  wait "$pid" || result=$?
-  pid=
-  ((result == 0)) || Fail "SIGTERM ended the packaged program with exit code $result"
+  for name in TavrinWeatherUtility TavrinWeatherService; do
+    program=$(echo "$folder"/*/"$name")
+    TAVRIN_WEATHER_FOLDER=$folder/data "$program" </dev/null &
+    pid=$!
+    sleep 2
+    kill -0 "$pid" || Fail "the packaged $name did not stay up for 2 s"
+    kill -TERM "$pid"
+    result=0
+    wait "$pid" || result=$?
+    pid=
+    ((result == 0)) || Fail "SIGTERM ended the packaged $name with exit code $result"
+  done
+  tools/check_windowless "$program"
 }
 
-# What the shipped program must be: position-independent, its tables read-only once it runs, its
-# stack guarded and not executable, its library calls checked.
+# The shipped programs must be position-independent, with tables that are read-only once they run, a
+# stack that is guarded and not executable, and checked library calls.
 CheckHardening() {
-  local program=build/release/TavrinWeatherUtility
-  local header dynamic symbols
-  header=$(readelf --wide --file-header --program-headers "$program")
-  dynamic=$(readelf --wide --dynamic "$program")
-  symbols=$(readelf --wide --dyn-syms "$program")
+  local program header dynamic symbols
   Has() { grep --quiet --extended-regexp "$2" <<<"$3" || Fail "$program: $1"; }
-  Has "not position-independent" 'Type: +DYN' "$header"
-  Has "not position-independent" 'FLAGS_1.*\bPIE\b' "$dynamic"
-  Has "no read-only relocations" 'GNU_RELRO' "$header"
-  Has "binds its symbols late" '\bBIND_NOW\b|FLAGS_1.*\bNOW\b' "$dynamic"
-  Has "executable stack" 'GNU_STACK .* RW +0x' "$header"
-  Has "no stack protector" '__stack_chk_fail' "$symbols"
-  Has "library calls are not checked" '__[a-z]+_chk@' "$symbols"
+  for program in build/release/TavrinWeather{Utility,Service}; do
+    header=$(readelf --wide --file-header --program-headers "$program")
+    dynamic=$(readelf --wide --dynamic "$program")
+    symbols=$(readelf --wide --dyn-syms "$program")
+    Has "not position-independent" 'Type: +DYN' "$header"
+    Has "not position-independent" 'FLAGS_1.*\bPIE\b' "$dynamic"
+    Has "no read-only relocations" 'GNU_RELRO' "$header"
+    Has "binds its symbols late" '\bBIND_NOW\b|FLAGS_1.*\bNOW\b' "$dynamic"
+    Has "executable stack" 'GNU_STACK .* RW +0x' "$header"
+    Has "no stack protector" '__stack_chk_fail' "$symbols"
+    Has "library calls are not checked" '__[a-z]+_chk@' "$symbols"
+  done
 }
 
-# One fuzz target for five seconds, from its corpus and with its dictionary. Says one line, and more
-# when it has found something.
+# Runs one fuzz target for five seconds, with its corpus and dictionary. Prints one line, and more
+# if it has found something.
 FuzzTopic() {
   local topic=$1 found=$2
   mkdir "$found/$topic"
@@ -92,7 +117,7 @@ FuzzTopic() {
   printf '%s: %s\n' "$topic" "$(tail -n 1 "$found/$topic.log")"
 }
 
-# All fuzz targets, two at a time. What they find stays out of the tree.
+# Runs all fuzz targets, two at a time. What they find is kept out of the tree.
 CheckFuzzing() {
   local found
   ConfigureAndBuild fuzz

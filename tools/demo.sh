@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Starts the built program against a weather and forecast service on this machine. Everything it
-# reads and writes lies in build/demo, which is made anew each time.
+# Starts the built program against a weather and forecast service on this machine. Everything that
+# it reads and writes is in build/demo, which is recreated each time.
 #
-# With a display it shows the window and stays until that is closed. Without one it runs unseen,
+# With a display it shows the window and runs until that is closed. Without one it runs invisibly,
 # prints the two output files once both are written, and ends.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -25,7 +25,7 @@ trap EndAll EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# Runs a test each tenth of a second, until it holds or the seconds are over.
+# Runs a test every tenth of a second, until it succeeds or the given seconds are over.
 WaitFor() {
   local tenths=$(($1 * 10))
   shift
@@ -44,8 +44,8 @@ StartHost() {
   address=$(sed --quiet 's/^Listening on //p' "$folder/host.log")
 }
 
-# The shipped profiles, with the demo host in the place of the services: also in the credits, since
-# these values are invented.
+# The shipped profiles, with the demo host in place of the services, in the credits too, because its
+# values are invented.
 WriteProfiles() {
   sed --regexp-extended \
     -e "s#^(baseURL=)https?://[^/%]+(%PORT%)?/#\1$address/#" \
@@ -54,8 +54,8 @@ WriteProfiles() {
     profiles/TavrinWeatherProfiles.ini >"$folder/TavrinWeatherProfiles.ini"
 }
 
-# A place that the demo host knows for every profile, told by the address it asks, and one of its
-# forecast zones.
+# A place that the demo host knows for every profile, chosen by the address that the profile asks,
+# and one of the host's forecast zones.
 WriteSettings() {
   awk '
     { sub(/\r$/, "") }
@@ -105,7 +105,7 @@ fi
 Say "No display: waiting for ${outputs[*]}"
 QT_QPA_PLATFORM=offscreen build/release/TavrinWeatherUtility </dev/null &
 program=$!
-# The output files that are not there yet.
+# The output files that are still missing.
 Missing() {
   local file
   for file in "${outputs[@]}"; do

@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test and .ci/run: installs what is missing, configures and builds.
 # shellcheck shell=bash
 
-# What the program and its tools are built from and run with.
+# What the program and its tools need to build and run.
 kProgramPackages=(
   g++ cmake ninja-build
   qt6-base-dev qt6-svg-dev
@@ -9,13 +9,14 @@ kProgramPackages=(
   libxcb1-dev # the X11 tray
   libcpp-httplib-dev # the demo host
 )
-# What the tests need on top.
+# What the tests need in addition.
 kTestPackages=(
   libgtest-dev libssl-dev
   # A desktop for each test that runs the program as a person does.
   xvfb openbox trayer dbus-daemon xdotool x11-utils
+  libsm-dev libice-dev # the session manager on it
 )
-# What the checks behind the tests need on top.
+# What the checks after the tests need in addition.
 kCheckPackages=(
   libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 binutils codespell
 )
@@ -26,10 +27,10 @@ Fail() {
   exit 1
 }
 
-# Prints those of the given packages that are not installed.
+# Prints which of the given packages are not installed.
 MissingPackages() {
   local installed package
-  # dpkg-query fails when it does not know one of the names, and lists the others all the same.
+  # dpkg-query fails if it does not know one of the names, but still lists the others.
   installed=$(dpkg-query --show --showformat='${db:Status-Abbrev} ${Package}\n' "$@" 2>/dev/null || true)
   for package in "$@"; do
     grep --quiet --line-regexp --fixed-strings "ii  $package" <<<"$installed" || printf '%s\n' "$package"
@@ -47,7 +48,7 @@ AsRoot() {
   fi
 }
 
-# Without Debian's package lists nothing can be installed; the build goes on with what is there.
+# Without Debian's package lists nothing can be installed; the build continues with what is there.
 NeedToolsOnly() {
   local tool missing=()
   for tool in c++ cmake ninja; do
@@ -60,7 +61,8 @@ NeedToolsOnly() {
   Say "No Debian system: going on with what is installed. The Debian packages would be: $*"
 }
 
-# Makes sure that all given packages are installed. Silent, and off the network, when they are.
+# Makes sure that all given packages are installed. If they are, it is silent and makes no use of
+# the network.
 NeedPackages() {
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     NeedToolsOnly "$@"
@@ -82,7 +84,7 @@ NeedPackages() {
     Fail "apt-get install failed. These packages are missing: ${missing[*]}"
 }
 
-# Configures and builds a preset. The configuration's log is shown when it fails.
+# Configures and builds a preset. Shows the configuration's log if it fails.
 ConfigureAndBuild() {
   local preset=$1 log
   log=$(mktemp)
@@ -97,7 +99,7 @@ ConfigureAndBuild() {
   cmake --build --preset "$preset" || Fail "building '$preset' failed"
 }
 
-# Runs the tests of a preset and adds their numbers to `passed` and `failed`, which the caller has.
+# Runs the tests of a preset and adds their numbers to the caller's `passed` and `failed`.
 # A run without tests counts as failed.
 RunTests() {
   local preset=$1 log result=0 total=0 bad=0 line
@@ -110,7 +112,7 @@ RunTests() {
     bad=${BASH_REMATCH[1]}
     total=${BASH_REMATCH[2]}
   fi
-  # Whatever ctest could not do, beyond a case that failed, is one failure of its own.
+  # If ctest fails for another reason than a failed case, that is one failure more.
   if ((total == 0 || (result != 0 && bad == 0))); then
     bad=$((bad + 1))
     total=$((total + 1))

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A strip of panel that the frames are laid on.
+/// A strip of panel under the frames.
 struct Panel
 {
     QColor background;
@@ -30,7 +30,7 @@ constexpr std::array kPanelSizes = {16, 22, 24, 48}; // pixels
 
 constexpr int kFrames = 11;
 constexpr int kColumn = 56;    // one frame
-constexpr int kSizeWidth = 40; // the sizes at the left
+constexpr int kSizeWidth = 40; // the sizes on the left
 constexpr int kSetGap = 24;
 constexpr int kSetWidth = kFrames * kColumn;
 constexpr int kCaption = 26;

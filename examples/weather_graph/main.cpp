@@ -17,7 +17,7 @@ namespace {
 
 constexpr QSize kSize(560, 300);
 
-/// A fair day in degrees Fahrenheit; the reading of 2 PM has not come in.
+/// A fair day in degrees Fahrenheit; the reading of 2 PM is missing.
 constexpr std::array kDay = {
     51.4, 50.2, 49.5,       48.9, 48.4, 48.2, 49.1, 51.8, 55.3, 58.7, 62.0, 64.9,
     67.4, 69.3, kNoReading, 71.6, 71.2, 70.1, 68.0, 65.2, 62.1, 59.4, 57.3, 55.6,

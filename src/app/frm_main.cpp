@@ -1,16 +1,15 @@
 #include "app/frm_main.h"
 
-#include "app/covered_mnemonics.h"
-#include "app/covering_frame.h"
-#include "app/long_text_box.h"
-#include "app/profile_list.h"
-#include "app/start_up.h"
-#include "app/tab_button.h"
-#include "app/update_cycle.h"
+#include "app/window_texts.h"
+#include "controls/choice_list.h"
 #include "controls/control.h"
+#include "controls/covered_mnemonics.h"
+#include "controls/covering_frame.h"
 #include "controls/elided_label.h"
+#include "controls/long_text_box.h"
+#include "controls/tab_button.h"
 #include "core/trace.h"
-#include "profiles/profile_file.h"
+#include "station/update_cycle.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -18,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 
 #include <chrono>
@@ -27,23 +27,18 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kMainInterval = 250ms;
 constexpr auto kWeatherCheckInterval = 1000ms;
 constexpr auto kDisclaimerInterval = 5000ms;
-
-constexpr qint16 kFirstForecastDelay = 5000; // milliseconds
-
-QString BadProfileText(const IniPath &file, const QString &value)
-{
-    return u"%1: in section Settings, CurrentProfile is \"%2\", which is no number. The program "
-           "cannot start with it; correct or delete that line."_s.arg(file.path, value);
-}
+constexpr auto kPatienceAtEnd = 2000ms; // for files that are being stored
 
 } // namespace
 
-frmMain::frmMain(ProgramState &state, const Platform &platform, YesNoQuestion askYesNo)
-    : frmMainTray(state, platform.panelIcon)
-    , m_state(state)
+frmMain::frmMain(Station &station, WindowMemory &memory, const Platform &platform,
+                 YesNoQuestion askYesNo)
+    : WindowInTray(memory.tray, station.Files().SessionId, memory.GraphicsFormLoaded,
+                   platform.panelIcon)
+    , m_station(station)
+    , m_memory(memory)
     , m_platform(platform)
     , m_askYesNo(std::move(askYesNo))
 {
@@ -52,28 +47,35 @@ frmMain::frmMain(ProgramState &state, const Platform &platform, YesNoQuestion as
     setFixedSize(kClientSize);
     Build(this);
     frmWeatherRaw->setGeometry(rect());
+    CountdownsChanged();
     ConnectControls();
     ConnectWeatherControls();
+    ConnectSettings();
     new CoveredMnemonics(*this, [this] { return FrameInFront(); }); // owned by the window
-    tmrMain.start(kMainInterval);
+    m_station.SetView(this);
+    tmrMain.start(Station::kPollInterval);
     tmrDisclamer.start(kDisclaimerInterval);
 }
 
-std::optional<QString> frmMain::Form_Load(const QString &command)
+frmMain::~frmMain()
+{
+    m_station.SetView(nullptr);
+}
+
+std::optional<QString> frmMain::Form_Load(const CommandLine &command)
 {
     Trace(u"Form_Load Point 1");
-    const QDate today = m_platform.clock.Now().date();
-    lblAppVersion->setText(VersionText(today.year()));
+    lblAppVersion->setText(VersionText(Year()));
     for (ElidedLabel *title : lblLocationTitle)
         title->clear();
-    TakeCommand(command);
+    TraceCommand(command);
     txtWeatherInfo->SetText({});
     Trace(u"Form_Load Point 2");
-    m_state.minMax = {.MinMaxDay = qint16(today.day())};
     LoadProfiles();
     Trace(u"Form_Load Point 4.5");
-    if (auto problem = TakeSettings())
+    if (auto problem = m_station.LoadSettings())
         return problem;
+    ShowSettings();
     Trace(u"Form_Load Point 5");
     FillProfileList();
     Trace(u"Form_Load Point 6");
@@ -81,78 +83,65 @@ std::optional<QString> frmMain::Form_Load(const QString &command)
     Trace(u"Form_Load Point 7");
     SelectCurrentProfile();
     Trace(u"Form_Load Point 8");
-    LoadMinMaxTemps(m_state.minMax, m_state.files.MinMax(), today);
+    m_station.LoadExtremes();
     Trace(u"Form_Load Point 9");
-    SecondsToWeatherCheck = 0;
     Trace(u"Form_Load Point 10");
     tmrWeatherCheck.start(kWeatherCheckInterval);
     LoadTray();
-    chkMinimizeOnStartup->setChecked(m_state.MinimizeOnStartupEnabled);
+    const Settings &settings = m_station.CurrentSettings();
+    chkMinimizeOnStartup->setChecked(settings.MinimizeOnStartupEnabled);
     cmdPage_Click(0);
-    // The very first run is always shown, or nobody would know where it is.
-    if (!m_state.IsFirstRun && m_state.MinimizeOnStartupEnabled)
+    // On its very first run the window is always shown, or nobody would know where it is.
+    if (!settings.IsFirstRun && settings.MinimizeOnStartupEnabled)
         StartMinimized();
     else
         show();
-    m_state.ForecastRequestCountdown = kFirstForecastDelay;
-    m_recovery->Keep(GatherSettings());
-    m_running = true;
+    m_station.Start();
     return std::nullopt;
 }
 
-void frmMain::TakeCommand(const QString &command)
+void frmMain::TraceCommand(const CommandLine &command)
 {
-    m_state.files.SessionId = SessionFromCommand(command);
-    m_state.files.codePage = CodePageFromCommand(command);
-    setWindowTitle(WindowCaption(m_state.files.SessionId));
-    lblFolderProblem->setText(m_state.folderProblem);
-    lblFolderProblem->setVisible(!m_state.folderProblem.isEmpty());
+    TraceSession(command);
+    setWindowTitle(WindowCaption(m_station.Files().SessionId));
+    lblFolderProblem->setText(m_memory.folderProblem);
+    lblFolderProblem->setVisible(!m_memory.folderProblem.isEmpty());
 }
 
 void frmMain::LoadProfiles()
 {
     Trace(u"Form_Load Point 3");
-    LoadWeatherProfiles(m_state.profiles, m_state.files.Profiles());
+    m_station.LoadProfiles();
     Trace(u"Form_Load Point 4");
-    const std::optional<QString> credit =
-        LoadForecastProfile(m_state.profiles.forecast, m_state.files.Profiles(), Year());
-    if (credit)
+    if (const std::optional<QString> &credit = m_station.ForecastCredit())
         lblForecastCopyright->setText(*credit);
 }
 
-std::optional<QString> frmMain::TakeSettings()
+void frmMain::ShowSettings()
 {
-    const IniPath file = m_state.files.Settings();
-    auto [settings, badCurrentProfile] = LoadSettings(file);
-    m_state.IsFirstRun = settings.IsFirstRun;
-    if (badCurrentProfile)
-        return BadProfileText(file, *badCurrentProfile);
-    m_recovery.emplace(m_state.files.Recovery()).Apply(settings);
-
-    m_state.MinimizeOnStartupEnabled = settings.MinimizeOnStartupEnabled;
-    for (size_t i = 0; i < settings.location.size(); ++i)
-        m_state.profiles.weather[i].location = settings.location[i];
-    m_loadedProfile = settings.currentWeatherProfile;
-    m_state.profiles.currentWeatherProfile = settings.currentWeatherProfile;
+    const Settings settings = m_station.CurrentSettings(); // as loaded: each control passes its own
     txtZoneCode->setText(settings.ForecastZone);
     txtStateCode->setText(settings.ForecastState);
     for (size_t i = 0; i < chkForecastTime.size(); ++i)
         chkForecastTime[i]->setChecked(settings.ForecastSched[i]);
     txtHTTPPort->setText(settings.HTTPPort);
-    return std::nullopt;
+    for (size_t i = 0; i < kCheckIntervals.size(); ++i) {
+        if (settings.CheckInterval && *settings.CheckInterval * 60 == kCheckIntervals[i].seconds)
+            optCheckInterval[i]->setChecked(true);
+    }
 }
 
 void frmMain::SelectCurrentProfile()
 {
     TraceProfileList();
-    cboSelectedProfile->setCurrentIndex(m_state.profiles.currentWeatherProfile);
+    cboSelectedProfile->setCurrentIndex(m_station.Profiles().currentWeatherProfile);
     TraceProfileList();
 }
 
 void frmMain::TraceProfileList() const
 {
     Trace(u"Me.cboSelectedProfile.ListIndex = ", cboSelectedProfile->currentIndex(),
-          u"   currentWeatherProfile = ", m_state.profiles.currentWeatherProfile,
+          u"   currentWeatherProfile = ", m_station.Profiles().currentWeatherProfile,
           u"  me.cboSelectedProfile.ListCount = ", cboSelectedProfile->count());
 }
 
@@ -179,8 +168,42 @@ void frmMain::ConnectWeatherControls()
     connect(btnWeatherSettings, &QPushButton::clicked, this, &frmMain::btnWeatherSettings_Click);
     for (QPushButton *done : btnWeatherDone)
         connect(done, &QPushButton::clicked, this, &frmMain::btnWeatherDone_Click);
-    connect(cboSelectedProfile, &ProfileList::Click, this, &frmMain::cboSelectedProfile_Click);
-    connect(cboSelectedProfile, &ProfileList::Scroll, this, &frmMain::cboSelectedProfile_Scroll);
+    connect(cboSelectedProfile, &ChoiceList::Click, this, &frmMain::cboSelectedProfile_Click);
+    connect(cboSelectedProfile, &ChoiceList::Scroll, this, &frmMain::cboSelectedProfile_Scroll);
+}
+
+void frmMain::ConnectSettings()
+{
+    for (QLineEdit *code : {txtZoneCode, txtStateCode})
+        connect(code, &QLineEdit::textChanged, this, &frmMain::PassZone);
+    connect(txtHTTPPort, &QLineEdit::textChanged, this, [this](const QString &text) {
+        m_station.Change([&](Settings &settings) { settings.HTTPPort = text; });
+    });
+    for (size_t i = 0; i < chkForecastTime.size(); ++i) {
+        connect(chkForecastTime[i], &QCheckBox::toggled, this, [this, i](bool checked) {
+            m_station.Change([&](Settings &settings) { settings.ForecastSched[i] = checked; });
+        });
+    }
+    for (QRadioButton *button : optCheckInterval)
+        connect(button, &QRadioButton::toggled, this, &frmMain::PassCheckInterval);
+    for (size_t i = 0; i < txtLocation.size(); ++i) {
+        connect(txtLocation[i], &QLineEdit::textEdited, this, [this, i](const QString &text) {
+            m_station.EditLocation(i, text, Editor::Person);
+        });
+        connect(txtLocation[i], &QLineEdit::textChanged, this, [this, i](const QString &text) {
+            m_station.EditLocation(i, text, Editor::Program);
+        });
+        connect(txtLocation[i], &QLineEdit::returnPressed, this,
+                [this] { m_station.LocationsDone(); });
+    }
+}
+
+void frmMain::PassCheckInterval()
+{
+    std::array<bool, 4> selected{};
+    for (size_t i = 0; i < selected.size(); ++i)
+        selected[i] = optCheckInterval[i]->isChecked();
+    m_station.SetCheckInterval(CheckIntervalSeconds(selected));
 }
 
 void frmMain::Form_QueryUnload(bool &cancel, UnloadMode unloadMode)
@@ -194,38 +217,24 @@ void frmMain::Form_QueryUnload(bool &cancel, UnloadMode unloadMode)
 
 void frmMain::Form_Unload()
 {
-    if (!std::exchange(m_running, false))
+    if (!m_station.IsRunning())
         return;
     for (QTimer *timer : {&tmrMain, &tmrWeatherCheck, &tmrDisclamer})
-        timer->stop(); // nothing is requested or written any more
-    m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
-    m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
-    if (SaveSettings(m_state.files.Settings(), GatherSettings()))
-        m_recovery->Discard();
+        timer->stop(); // no more requests, no more files
+    m_station.End(kPatienceAtEnd);
     UnloadTray();
     UnloadZoneFinder();
 }
 
-Settings frmMain::GatherSettings() const
+void frmMain::SaveSettings()
 {
-    Settings settings;
-    for (size_t i = 0; i < settings.location.size(); ++i)
-        settings.location[i] = m_state.profiles.weather[i].location;
-    settings.ForecastZone = txtZoneCode->text();
-    settings.ForecastState = txtStateCode->text();
-    for (size_t i = 0; i < chkForecastTime.size(); ++i)
-        settings.ForecastSched[i] = chkForecastTime[i]->isChecked();
-    // Without any profile the choice of the last run is kept for when the profiles are back.
-    const qint16 current = m_state.profiles.currentWeatherProfile;
-    settings.currentWeatherProfile = current < 0 ? m_loadedProfile : current;
-    settings.MinimizeOnStartupEnabled = m_state.MinimizeOnStartupEnabled;
-    settings.HTTPPort = txtHTTPPort->text();
-    return settings;
+    if (m_station.IsRunning()) // else not loaded yet, or already saved for good
+        m_station.SaveSettings();
 }
 
 bool frmMain::Unload(UnloadMode unloadMode)
 {
-    if (!m_running)
+    if (!m_station.IsRunning())
         return true;
     bool cancel = false;
     Form_QueryUnload(cancel, unloadMode);
@@ -253,7 +262,7 @@ void frmMain::cmdPage_Click(int Index)
         page->raise();
     cmdPage[size_t(Index)]->raise();
     linPages->raise();
-    frmWeatherRaw->raise(); // while it is open it covers tabs and pages alike
+    frmWeatherRaw->raise(); // an open one covers tabs and pages alike
     for (QGroupBox *page : frmPage)
         page->hide();
     frmPage[size_t(Index)]->show();
@@ -279,7 +288,9 @@ void frmMain::txtHTTPPort_LostFocus()
 
 void frmMain::chkMinimizeOnStartup_Click()
 {
-    m_state.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
+    m_station.Change([this](Settings &settings) {
+        settings.MinimizeOnStartupEnabled = chkMinimizeOnStartup->isChecked();
+    });
 }
 
 int frmMain::Year() const

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/frm_main_tray.h"
-#include "app/message_boxes.h"
 #include "app/page_controls.h"
 #include "app/platform.h"
-#include "app/program_state.h"
-#include "store/settings_recovery.h"
-#include "weather/weather_data.h"
+#include "app/window_memory.h"
+#include "controls/message_boxes.h"
+#include "start/command_line.h"
+#include "station/station.h"
+#include "tray/window_in_tray.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -25,120 +25,128 @@ enum class UnloadMode
     Signal = 3,
 };
 
-/// The main window: three pages, one of them shown, and the timers that drive the program.
+/// The main window: three pages, one of them shown, and the timers that drive the station.
 ///
-/// The window holds controls and hands events to the routines of the other folders; what there is
-/// to decide is decided in update_cycle.h. Its routines are slots under the names that users and
-/// neighbours know, so that a test can call them instead of waiting for a timer.
-class frmMain final : public frmMainTray, private WeatherDataHost, private PageControls
+/// The window decides nothing: a handler reads texts from controls and calls one routine of the
+/// station, and what the station reports is shown. Its routines are slots, so that a test can call
+/// them instead of waiting for a timer.
+class frmMain final : public WindowInTray, private StationView, private PageControls
 {
     Q_OBJECT
 
 public:
     static constexpr QSize kClientSize{365, 460}; ///< Logical pixels, without frame and title.
 
-    frmMain(ProgramState &state, const Platform &platform, YesNoQuestion askYesNo);
+    /// Becomes the station's view. All references must outlive the window.
+    frmMain(Station &station, WindowMemory &memory, const Platform &platform,
+            YesNoQuestion askYesNo);
+    ~frmMain() override;
+    Q_DISABLE_COPY_MOVE(frmMain)
 
-    /// Brings the program up and shows the window, or starts it minimised; to be called once.
-    /// @return what keeps the program from starting, for the user; nothing when it runs.
-    [[nodiscard]] std::optional<QString> Form_Load(const QString &command);
+    /// Starts the program and shows the window, or minimises it at once. Call it once.
+    /// @param command the command line, for the trace.
+    /// @return why the program cannot start, in words for the user; nothing if it runs.
+    [[nodiscard]] std::optional<QString> Form_Load(const CommandLine &command);
 
-    /// Sets `cancel` when the user, asked because the title bar was used, wants to stay.
+    /// Asks the user if the title bar was used, and sets `cancel` if the program is to go on.
     void Form_QueryUnload(bool &cancel, UnloadMode unloadMode);
 
-    /// Saves the settings and removes the tray icon; does so once, however the end came, and only
-    /// if the settings have been loaded.
+    /// Saves the settings while the program runs; before and after that it does nothing.
+    void SaveSettings();
+
+    /// Ends the station, which saves the settings, and removes the tray icon. Only the first call
+    /// does something, and none if the settings were never loaded.
     void Form_Unload();
 
     /// Ends the program unless the user refuses.
-    /// @return false when it goes on.
+    /// @return false if it goes on.
     bool Unload(UnloadMode unloadMode);
 
 Q_SIGNALS:
     void Unloaded(); ///< The program has nothing more to do.
 
 public Q_SLOTS:
-    void cmdPage_Click(int Index);
-    void txtFocus_Change();
-    void txtFocus_LostFocus();
-    void txtHTTPPort_LostFocus();
-    void chkMinimizeOnStartup_Click();
+    void cmdPage_Click(int Index);     ///< Shows page `Index`, 0 to 2, instead of the current one.
+    void txtFocus_Change();            ///< Drops what was typed into the box out of sight.
+    void txtFocus_LostFocus();         ///< The same, when another control gets the focus.
+    void txtHTTPPort_LostFocus();      ///< Makes the text a port number; "80" if it holds none.
+    void chkMinimizeOnStartup_Click(); ///< Keeps the state of the box as a setting.
 
-    void tmrMain_Timer();
-    void tmrWeatherCheck_Timer();
-    void tmrDisclamer_Timer();
-    void btnGetWeather_Click();
-    void btnGetForecast_Click();
-    void btnSelectNOAAZone_Click();
+    void tmrMain_Timer();         ///< Every 250 ms: the station looks at its transfers.
+    void tmrWeatherCheck_Timer(); ///< Every second: the station counts down to its requests.
+    void tmrDisclamer_Timer();    ///< Every 5 s: shows the credit lines or the other notices.
 
-    void btnShowRaw_Click();
-    void btnWeatherSettings_Click();
-    void btnWeatherDone_Click();
+    void btnGetWeather_Click();     ///< Requests the weather; the interval starts over.
+    void btnGetForecast_Click();    ///< Requests the forecast, if zone and state are given.
+    void btnSelectNOAAZone_Click(); ///< Opens the zone finder, or brings the open one to the front.
+
+    void btnShowRaw_Click();         ///< Covers the window with the last reply as received.
+    void btnWeatherSettings_Click(); ///< Covers the page with the choice of profile and location.
+    void btnWeatherDone_Click();     ///< Closes that frame; locations typed there are complete.
+
+    /// Runs once for every choice from the list, also of the current profile, and for every change
+    /// by code: the station changes over to the profile.
     void cboSelectedProfile_Click();
+
+    /// Runs when the opened list is scrolled: shows the current profile again, without storing what
+    /// was typed.
     void cboSelectedProfile_Scroll();
 
-    void StartWeatherRequest();
-    void StartForecastRequest();
-    void CheckForecastSchedule();
-    void SaveForecastData();
-    void DisplayWeatherData();
-    void ClearWeatherFields();
-    void SaveWeatherData();
+    // Steps of the station's cycles, one by one.
 
-    void FillProfileList();
-    void ShowWeatherProfile();
-    void ReloadWeatherProfile();
+    void StartWeatherRequest();   ///< Requests the weather; the interval goes on.
+    void StartForecastRequest();  ///< Requests the forecast, whatever the codes are.
+    void CheckForecastSchedule(); ///< Requests the forecast if a slot has come.
+    void DisplayWeatherData();    ///< Fills the value boxes from the current profile.
+    void ClearWeatherFields();    ///< Empties the value boxes.
+    void SaveWeatherData();       ///< Writes the weather output file.
+    void SaveForecastData();      ///< Writes the forecast output file.
+
+    void FillProfileList();      ///< Selects nothing and reports nothing.
+    void ShowWeatherProfile();   ///< Shows the current profile, its locations and its last values.
+    void ReloadWeatherProfile(); ///< The same after emptying the profile, its locations too.
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
-    // What the weather routines report to the window.
+    // What the station tells.
     void SetStatus(const QString &text) override;
-    void ShowRawData(const QString &reply) override;
-    void CheckMinMaxTemp(double temp) override;
-    [[nodiscard]] const MinMaxTemps &MinMax() const override;
+    void WeatherChanged() override;
+    void ForecastChanged() override;
+    void ProfilesChanged() override;
+    void CountdownsChanged() override;
+    void RequestStarted() override;
+    void RawReply(const QString &text) override;
+    void ZoneCodes(const QString &text) override;
 
     void ConnectControls();
     void ConnectWeatherControls();
+    void ConnectSettings();
 
-    void TakeCommand(const QString &command);
+    void TraceCommand(const CommandLine &command);
     void LoadProfiles();
-    [[nodiscard]] std::optional<QString> TakeSettings();
-    [[nodiscard]] Settings GatherSettings() const;
+    void ShowSettings();
     void SelectCurrentProfile();
     void TraceProfileList() const;
-
-    void PollWeatherTransfer();
-    void CountDownToWeather();
-    void ReloadWeatherCountdown();
-    void PollForecastTransfer();
-    void PollZoneCodeTransfer();
-    void CountDownToForecast();
-    void TakeZone(const QString &zone, const QString &stateCode);
+    void PassCheckInterval();
+    void PassZone();
+    void SetZone(const QString &zone, const QString &stateCode);
     void UnloadZoneFinder();
-    [[nodiscard]] bool IsForecastLocationThere() const;
-
-    void StoreLocations();
-    void ShowLocations(const WeatherProfile &profile);
+    void ShowLocations();
     [[nodiscard]] QWidget *FrameInFront() const;
     [[nodiscard]] int Year() const;
 
-    ProgramState &m_state;
+    Station &m_station;
+    WindowMemory &m_memory;
     Platform m_platform;
     YesNoQuestion m_askYesNo;
     QPointer<frmFindNOAAZones> m_zoneFinder; ///< Null while it is not open.
 
-    std::optional<SettingsRecovery> m_recovery; ///< From the loading of the settings on.
-    qint16 SecondsToWeatherCheck = 0; ///< To the next request; counted by tmrWeatherCheck.
-    qint16 m_requestedProfile = -1;   ///< The profile that the weather transfer was started for.
-    qint16 m_loadedProfile = 0;       ///< As the settings had it, kept while there is no profile.
-    bool m_running = false;           ///< From the end of Form_Load() to Form_Unload().
-
     std::array<std::unique_ptr<QObject>, 2> m_focusWatches; ///< Of txtFocus and txtHTTPPort.
 
-    QTimer tmrMain;         ///< 250 ms: polls the transfers, counts down to the forecast request.
-    QTimer tmrWeatherCheck; ///< 1 s: counts down to the weather request.
+    QTimer tmrMain;         ///< 250 ms: the station looks at its transfers.
+    QTimer tmrWeatherCheck; ///< 1 s: the station counts down to its requests.
     QTimer tmrDisclamer;    ///< 5 s: the notices take turns.
 };

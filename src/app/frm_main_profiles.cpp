@@ -1,14 +1,12 @@
-#include "app/covering_frame.h"
 #include "app/frm_main.h"
 #include "app/help_texts.h"
-#include "app/long_text_box.h"
-#include "app/profile_list.h"
-#include "app/update_cycle.h"
-#include "app/value_box.h"
+#include "controls/choice_list.h"
 #include "controls/control.h"
+#include "controls/covering_frame.h"
 #include "controls/elided_label.h"
+#include "controls/long_text_box.h"
+#include "controls/value_box.h"
 #include "core/text.h"
-#include "profiles/profile_file.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
@@ -19,24 +17,12 @@ using namespace Qt::StringLiterals;
 
 // The frame "Settings" of the page "Current Weather": the choice of the profile and its locations.
 
-namespace {
-
-constexpr qint16 kSecondsToNewProfile = 5;
-
-bool IsEmptiedByNewProfile(QStringView name)
-{
-    return name == u"txtCurrentConditions" || name == u"txtDewPoint" || name == u"txtHeatIndex"
-        || name == u"txtHumidity" || name == u"txtAtmosPress";
-}
-
-} // namespace
-
 void frmMain::FillProfileList()
 {
-    // The list selects its first entry by itself; nothing has been chosen yet.
+    // The list would select its first entry, but nothing has been chosen yet.
     const QSignalBlocker silent(cboSelectedProfile);
     cboSelectedProfile->clear();
-    for (const WeatherProfile &profile : m_state.profiles.weather) {
+    for (const WeatherProfile &profile : m_station.Profiles().weather) {
         if (!profile.title.isEmpty())
             cboSelectedProfile->addItem(profile.title);
     }
@@ -45,90 +31,65 @@ void frmMain::FillProfileList()
 
 void frmMain::ShowWeatherProfile()
 {
-    qint16 &current = m_state.profiles.currentWeatherProfile;
-    current = UsableProfileIndex(current, cboSelectedProfile->count());
-    for (size_t i = 1; i < frmLoc.size(); ++i)
-        frmLoc[i]->hide();
-    for (size_t i = 0; i < valueBoxes.size(); ++i) {
-        if (IsEmptiedByNewProfile(kValueBoxFields[i].name))
-            valueBoxes[i]->SetValue({});
-    }
-    for (QLineEdit *box : txtLocation)
-        box->clear();
-
-    txtProfileDescription->setPlaceholderText(
-        current < 0 ? u"Profiles stand in TavrinWeatherProfiles.ini. None was found there."_s
-                    : u"This profile has no description."_s);
-    if (const WeatherProfile *profile = m_state.profiles.Selected()) {
-        txtProfileDescription->SetText(profile->description);
-        lblWeatherCopyright->setText(WithYear(profile->copyright, Year()));
-        ShowLocations(*profile);
-        for (size_t i = 0; i < valueBoxes.size(); ++i)
-            valueBoxes[i]->setToolTip(ValueHelp(kValueBoxFields[i], *profile));
-    }
-    PlaceDescription(*this);
-    DisplayWeatherData();
-}
-
-void frmMain::ShowLocations(const WeatherProfile &profile)
-{
-    for (size_t i = 0; i < frmLoc.size(); ++i) {
-        const QString &title = profile.locationTitle[i];
-        const bool hasTitle = !TrimSpaces(title).isEmpty();
-        txtLocation[i]->setText(profile.location[i]);
-        txtLocation[i]->setAccessibleName(hasTitle ? title : u"Location"_s);
-        lblLocationTitle[i]->setText(title);
-        if (i > 0 && hasTitle)
-            frmLoc[i]->show();
-    }
+    m_station.ShowWeatherProfile();
 }
 
 void frmMain::ReloadWeatherProfile()
 {
-    if (WeatherProfile *profile = m_state.profiles.Selected())
-        ClearWeatherProfile(*profile);
-    ShowWeatherProfile();
+    m_station.ReloadWeatherProfile();
 }
 
-void frmMain::StoreLocations()
+void frmMain::ProfilesChanged()
 {
-    WeatherProfile *profile = m_state.profiles.Selected();
-    if (profile == nullptr)
-        return;
-    for (size_t i = 0; i < txtLocation.size(); ++i)
-        profile->location[i] = txtLocation[i]->text();
+    const WeatherProfile *profile = m_station.Profiles().Selected();
+    txtProfileDescription->setPlaceholderText(
+        profile == nullptr ? u"Profiles stand in TavrinWeatherProfiles.ini. None was found there."_s
+                           : u"This profile has no description."_s);
+    ShowLocations();
+    if (profile != nullptr) {
+        txtProfileDescription->SetText(profile->description);
+        lblWeatherCopyright->setText(WithYear(profile->copyright, Year()));
+        for (size_t i = 0; i < valueBoxes.size(); ++i)
+            valueBoxes[i]->setToolTip(ValueHelp(RowOf(kBoxOrder[i]), *profile));
+    }
+    PlaceDescription(*this);
+    WeatherChanged();
+}
+
+void frmMain::ShowLocations()
+{
+    const WeatherProfile *profile = m_station.Profiles().Selected();
+    const std::array<QString, 4> texts = m_station.LocationTexts(); // a copy: each box sets its own
+    for (size_t i = 0; i < frmLoc.size(); ++i) {
+        txtLocation[i]->setText(texts[i]);
+        frmLoc[i]->setHidden(!m_station.UsesLocation(i));
+        if (profile == nullptr)
+            continue;
+        const QString &title = profile->locationTitle[i];
+        txtLocation[i]->setAccessibleName(TrimSpaces(title).isEmpty() ? u"Location"_s : title);
+        lblLocationTitle[i]->setText(title);
+    }
 }
 
 void frmMain::cboSelectedProfile_Click()
 {
-    StoreLocations(); // those of the profile that was current so far
-    const auto chosen = qint16(cboSelectedProfile->currentIndex());
-    if (chosen == m_state.profiles.currentWeatherProfile)
-        return;
-    // The list's index is the record's, gaps between the profiles or not.
-    m_state.profiles.currentWeatherProfile = chosen;
-    SecondsToWeatherCheck = kSecondsToNewProfile;
-    ShowWeatherProfile();
-    // The new service may measure another place.
-    ResetTodayMinMax(m_state.minMax, m_state.files.MinMax());
+    m_station.ChooseProfile(cboSelectedProfile->currentIndex(), Choice::Chosen);
 }
 
 void frmMain::cboSelectedProfile_Scroll()
 {
-    m_state.profiles.currentWeatherProfile = qint16(cboSelectedProfile->currentIndex());
-    ShowWeatherProfile();
+    m_station.ChooseProfile(cboSelectedProfile->currentIndex(), Choice::ScrolledPast);
 }
 
 void frmMain::btnWeatherSettings_Click()
 {
-    frmWeatherSettings->move(0, 0);
-    frmWeatherSettings->raise();
-    frmWeatherSettings->show();
-    cboSelectedProfile->setFocus();
+    frmWeatherSettings->Open(cboSelectedProfile);
 }
 
 void frmMain::btnWeatherDone_Click()
 {
+    if (!frmWeatherSettings->isHidden())
+        m_station.LocationsDone();
     QPushButton *opener = frmWeatherRaw->isHidden() ? btnWeatherSettings : btnShowRaw;
     frmWeatherSettings->hide();
     frmWeatherRaw->hide();
@@ -144,7 +105,7 @@ QWidget *frmMain::FrameInFront() const
 
 bool frmMain::focusNextPrevChild(bool next)
 {
-    // A frame that covers controls keeps the Tab key among its own.
+    // While a frame covers controls, the Tab key stays among the controls of the frame.
     const QWidget *front = FrameInFront();
     if (front == nullptr)
         return QWidget::focusNextPrevChild(next);

@@ -13,7 +13,7 @@ struct HelpText
 {
     QStringView name = {}; ///< Of the control.
     QStringView text = {};
-    int first = 0; ///< Numbers behind the name; none where both are 0.
+    int first = 0; ///< Numbers at the end of the name; none if both are 0.
     int last = 0;
 };
 
@@ -49,7 +49,7 @@ constexpr HelpText kHelpTexts[] = {
     {u"lblFolderProblem", u"Neither settings nor output files can be kept there."},
 };
 
-/// The unit in a units text: what is left of it without a token such as "%MIN%".
+/// The unit in a units text, without a token such as "%MIN%".
 QString UnitIn(QStringView units)
 {
     QString unit = units.toString();
@@ -74,13 +74,13 @@ QHash<QString, QStringView> HelpByName()
 
 } // namespace
 
-QString ValueHelp(const ValueBoxField &field, const WeatherProfile &profile)
+QString ValueHelp(const QuantityRow &row, const WeatherProfile &profile)
 {
-    QString text = field.meaning.toString();
-    const QString &units = profile[field.quantity].Units;
+    QString text = row.meaning.toString();
+    const QString &units = profile[row.quantity].Units;
     if (units == "?"_L1)
         return text + u"\nThe service of this profile does not deliver it."_s;
-    if (!field.hasUnit)
+    if (!row.hasUnit)
         return text;
     const QString unit = UnitIn(units);
     if (unit.isEmpty())

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/value_box_fields.h"
+#include "profiles/weather_profile.h"
 
 class QWidget;
 
-/// What the tool tip of a value says: its meaning, and its unit as the profile has it.
-[[nodiscard]] QString ValueHelp(const ValueBoxField &field, const WeatherProfile &profile);
+/// The tool tip of a value box: the meaning of the value, and its unit as the profile writes it.
+[[nodiscard]] QString ValueHelp(const QuantityRow &row, const WeatherProfile &profile);
 
 /// Gives the controls of the main window, and their titles, tool tips that say what they are for.
-/// The value boxes get theirs with the profile that is shown.
+/// Value boxes are left out: theirs depend on the profile.
 void GiveHelp(const QWidget &window);

@@ -1,15 +1,18 @@
+#include "app/desktop_environment.h"
+#include "app/desktop_session.h"
 #include "app/frm_main.h"
-#include "app/session_lock.h"
-#include "app/start_up.h"
-#include "app/unix_signals.h"
 #include "controls/control.h"
 #include "core/trace_sink.h"
 #include "graph/frm_graphics.h"
 #include "net/curl_transfers.h"
+#include "start/command_line.h"
+#include "start/exit_code.h"
+#include "start/program_folder.h"
+#include "start/session_lock.h"
+#include "start/unix_signals.h"
 #include "tray/system_panel_icon.h"
 
 #include <QApplication>
-#include <QSessionManager>
 
 #include <cstdio>
 
@@ -31,39 +34,57 @@ void PrintProblem(const QString &problem)
     std::fprintf(stderr, "TavrinWeatherUtility: %s\n", qUtf8Printable(problem));
 }
 
-void TakeFolder(ProgramState &state)
+/// Finds the session's files. If their folder is unusable, the reason goes to stderr and `problem`.
+ProgramFiles FindFiles(const CommandLine &command, QString &problem)
 {
-    const auto [folder, problem] = FindProgramFolder(QCoreApplication::applicationDirPath());
-    state.files.folder = folder;
-    state.folderProblem = problem;
+    const ProgramFolder found = FindProgramFolder(QCoreApplication::applicationDirPath());
+    problem = found.problem;
     if (!problem.isEmpty())
         PrintProblem(problem);
+    return {.folder = found.folder, .codePage = command.codePage, .SessionId = command.sessionId};
 }
 
-/// True when another copy has the session; that copy shows its window then.
-bool IsRunningAlready(SessionLock &lock, const ProgramFiles &files)
+/// Says in a box, too, that a program has the session that has no window to show.
+ExitCode GiveWayToService(const LockHolder &holder)
+{
+    const UnixSignals unixSignals; // from the first word on
+    QObject::connect(&unixSignals, &UnixSignals::EndRequested, qApp,
+                     &QApplication::closeAllWindows);
+    const QString problem = HeldByText(holder);
+    PrintProblem(problem);
+    ShowFatalProblem(problem, kPatience);
+    return ExitCode::Held;
+}
+
+/// What to end with when another copy has the session. That copy shows its window then, if it has
+/// one.
+std::optional<ExitCode> GiveWay(SessionLock &lock, const ProgramFiles &files)
 {
     const SessionLock::Outcome outcome = lock.Take();
-    if (outcome == SessionLock::Outcome::Taken) // so nobody is at work on these files
-        files.RemoveLeftovers();
+    if (outcome == SessionLock::Outcome::Taken) // so no other copy writes these files
+        RemoveLeftovers(files);
     if (outcome != SessionLock::Outcome::Held)
-        return false; // without a lock the program's work goes on as it can
+        return std::nullopt; // without a lock the program's work goes on as it can
+    const std::optional<LockHolder> holder = lock.Holder();
+    if (holder && IsService(*holder))
+        return GiveWayToService(*holder);
     PrintProblem(u"this session is running already. If it is not, delete "_s + lock.Path());
     lock.CallHolder();
-    return true;
+    return ExitCode::Done;
 }
 
-/// What comes from outside the window: the ways to an end that do not lead over its title bar, the
-/// end itself, and the call for the window.
-void ConnectEvents(QApplication &app, frmMain &window, UnixSignals &unixSignals)
+/// Connects what comes from outside the window: requests to end that bypass its title bar, the end
+/// itself, and requests to show the window.
+void ConnectEvents(QApplication &app, frmMain &window, UnixSignals &unixSignals,
+                   DesktopSession &session)
 {
     QObject::connect(&unixSignals, &UnixSignals::EndRequested, &window,
                      [&window] { window.Unload(UnloadMode::Signal); });
     QObject::connect(&unixSignals, &UnixSignals::WindowRequested, &window, &frmMain::ShowWindow);
-    QObject::connect(&app, &QGuiApplication::commitDataRequest, &window,
-                     [&window](QSessionManager &) { window.Unload(UnloadMode::DesktopSession); });
-    // Queued: the routine that ended the program, and a session manager's question, come to their
-    // own end first.
+    QObject::connect(&session, &DesktopSession::SaveRequested, &window, &frmMain::SaveSettings);
+    QObject::connect(&session, &DesktopSession::EndRequested, &window,
+                     [&window] { window.Unload(UnloadMode::DesktopSession); });
+    // Queued, so that the routine that ended the program can return first.
     QObject::connect(
         &window, &frmMain::Unloaded, &app, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
@@ -72,8 +93,10 @@ void ConnectEvents(QApplication &app, frmMain &window, UnixSignals &unixSignals)
 
 int main(int argc, char *argv[])
 {
-    const QString command = CommandText(argc, argv); // before Qt takes its own options out
-    if (const auto answer = ConsoleAnswer(command))  // --help, --version: no display needed
+    UnixSignals::IgnoreCalls(); // before anything that takes time: a call must not end the program
+    // Read before Qt takes its own options out.
+    const CommandLine command = ReadCommandLine(ArgumentsOf(argc, argv));
+    if (const auto answer = ConsoleAnswer(command)) // --help, --version: no display needed
         return PrintAnswer(*answer);
 
     const auto trace = OpenTraceSink(qEnvironmentVariable("TAVRIN_TRACE"));
@@ -89,15 +112,15 @@ int main(int argc, char *argv[])
     CurlTransfers http;
     SystemPanelIcon panelIcon;
     const Platform platform{clock, http, panelIcon};
-    ProgramState state;
-    TakeFolder(state);
-    UnixSignals::IgnoreCalls();
-    state.files.SessionId = SessionOf(command);
-    SessionLock lock(state.files.Lock());
-    if (IsRunningAlready(lock, state.files))
-        return 0;
-    UnixSignals unixSignals; // from here on they wait until there is somebody to answer them
-    frmMain window(state, platform, AskYesNo);
+    WindowMemory memory;
+    const ProgramFiles files = FindFiles(command, memory.folderProblem);
+    SessionLock lock(files.Lock());
+    if (const auto exitCode = GiveWay(lock, files))
+        return int(*exitCode);
+    UnixSignals unixSignals; // from here on signals wait until somebody answers them
+    DirectFileWriter writer;
+    Station station(files, clock, http, writer, Owner::Window);
+    frmMain window(station, memory, platform, AskYesNo);
     DescribeControlsOnRequest(window);
 
     if (const auto problem = window.Form_Load(command)) { // else shows the window, or minimises it
@@ -107,7 +130,8 @@ int main(int argc, char *argv[])
         ShowFatalProblem(*problem, kPatience);
         return 1;
     }
-    // Not before: what has not been loaded must not be saved when a signal comes.
-    ConnectEvents(app, window, unixSignals);
+    // Connected only now, so that a signal cannot save settings that were never loaded.
+    DesktopSession session(app, command.arguments);
+    ConnectEvents(app, window, unixSignals, session);
     return QApplication::exec();
 }

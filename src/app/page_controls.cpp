@@ -1,14 +1,15 @@
 #include "app/page_controls.h"
 
-#include "app/focus_box.h"
 #include "app/help_texts.h"
-#include "app/long_text_box.h"
-#include "app/page_grid.h"
-#include "app/tab_button.h"
-#include "app/update_cycle.h"
 #include "controls/control.h"
 #include "controls/elided_label.h"
+#include "controls/focus_box.h"
+#include "controls/grid.h"
+#include "controls/long_text_box.h"
+#include "controls/tab_button.h"
+#include "core/twips.h"
 #include "forecast/forecast_schedule.h"
+#include "station/update_cycle.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -33,6 +34,23 @@ constexpr std::array kTabWidths{Twips(1905), Twips(1440), Twips(2010)};
 constexpr QRect kPage{Twips(60), Twips(495), Twips(5355), Twips(6345)};
 constexpr QRect kSeparator{0, Twips(465), Twips(5475), Twips(15)};
 constexpr QRect kOutOfSight{-20, -20, 10, 10};
+
+/// Makes a button for each of `choices`, named `name` and its number and captioned as the choice
+/// is, and lays them out in `frame`, two to a line.
+template <typename Button, typename Choice, size_t count>
+void FillInPairs(QGroupBox *frame, const QString &name, std::array<Button *, count> &buttons,
+                 const std::array<Choice, count> &choices)
+{
+    auto *grid = new QGridLayout(frame); // owned by it
+    grid->setContentsMargins(kPageMargins);
+    grid->setSpacing(kGap);
+    for (int i = 0; i < int(count); ++i) {
+        auto *button = MakeControl<Button>(frame, name + QString::number(i),
+                                           choices[size_t(i)].caption.toString());
+        grid->addWidget(button, i / 2, i % 2);
+        buttons[size_t(i)] = button;
+    }
+}
 
 } // namespace
 
@@ -98,13 +116,13 @@ void PageControls::BuildForecastPage(QGroupBox *page)
     lblNextForecastCheck->setText(u"Loading..."_s);
     lblNextForecastCheck->SetRoomFor(u"Next Update in 00:00:00"_s);
     btnGetForecast = MakeButton(page, u"btnGetForecast"_s, u"&Get Forecast Now"_s);
-    lblDisclaimer2 = MakeControl<ElidedLabel>(page, u"lblDisclaimer2"_s, 2);
-    lblDisclaimer2->setText(u"This forecast display is intended for configuration verification and "
-                            "is not ideal for on-air reading"_s);
-    lblDisclaimer2->SetMuted();
-    lblForecastCopyright = MakeControl<ElidedLabel>(page, u"lblForecastCopyright"_s, 2);
-    lblForecastCopyright->setText(u"Public domain sources at U.S. National Weather Services."_s);
-    lblForecastCopyright->SetMuted();
+    lblDisclaimer2 =
+        MakeNotice(page, u"lblDisclaimer2"_s,
+                   u"This forecast display is intended for configuration verification and "
+                   "is not ideal for on-air reading"_s);
+    lblForecastCopyright =
+        MakeNotice(page, u"lblForecastCopyright"_s,
+                   u"Public domain sources at U.S. National Weather Services."_s);
     lblForecastCopyright->hide();
 
     auto *rows = new QGridLayout;
@@ -117,14 +135,11 @@ void PageControls::BuildForecastPage(QGroupBox *page)
     rows->addWidget(txtForecast, 2, 0, 1, 3);
     rows->addWidget(lblNextForecastCheck, 3, 0, 1, 2);
     rows->addWidget(btnGetForecast, 3, 2);
-    auto *notices = new QGridLayout; // the two take turns in one place
-    notices->addWidget(lblDisclaimer2, 0, 0);
-    notices->addWidget(lblForecastCopyright, 0, 0);
     auto *layout = new QVBoxLayout(page); // owned by the page
     layout->setContentsMargins(kPageMargins);
     layout->setSpacing(kBlockGap);
     layout->addLayout(rows);
-    layout->addLayout(notices);
+    layout->addLayout(InOnePlace(lblDisclaimer2, lblForecastCopyright));
 }
 
 void PageControls::BuildSettingsPage(QGroupBox *page)
@@ -163,16 +178,7 @@ void PageControls::BuildSettingsPage(QGroupBox *page)
 QGroupBox *PageControls::BuildForecastTimes(QGroupBox *page)
 {
     auto *frame = MakeControl<QGroupBox>(page, u"frmForecastTimes"_s, u"Get Forecast Info At..."_s);
-    auto *grid = new QGridLayout;
-    grid->setContentsMargins(kPageMargins);
-    grid->setSpacing(kGap);
-    frame->setLayout(grid); // which owns it
-    for (int i = 0; i < int(chkForecastTime.size()); ++i) {
-        auto *box = MakeControl<QCheckBox>(frame, u"chkForecastTime"_s + QString::number(i),
-                                           kForecastSlots[size_t(i)].caption.toString());
-        grid->addWidget(box, i / 2, i % 2);
-        chkForecastTime[size_t(i)] = box;
-    }
+    FillInPairs(frame, u"chkForecastTime"_s, chkForecastTime, kForecastSlots);
     return frame;
 }
 
@@ -180,16 +186,7 @@ QGroupBox *PageControls::BuildCheckIntervals(QGroupBox *page)
 {
     auto *frame =
         MakeControl<QGroupBox>(page, u"frmCheckInterval"_s, u"Get Current Weather Info Every..."_s);
-    auto *grid = new QGridLayout;
-    grid->setContentsMargins(kPageMargins);
-    grid->setSpacing(kGap);
-    frame->setLayout(grid); // which owns it
-    for (int i = 0; i < int(optCheckInterval.size()); ++i) {
-        auto *button = MakeControl<QRadioButton>(frame, u"optCheckInterval"_s + QString::number(i),
-                                                 kCheckIntervals[size_t(i)].caption.toString());
-        grid->addWidget(button, i / 2, i % 2);
-        optCheckInterval[size_t(i)] = button;
-    }
+    FillInPairs(frame, u"optCheckInterval"_s, optCheckInterval, kCheckIntervals);
     optCheckInterval[0]->setChecked(true);
     return frame;
 }

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "app/value_box_fields.h"
+#include "profiles/quantity.h"
 
 #include <QRect>
 
 #include <array>
 
+class ChoiceList;
 class CoveringFrame;
 class ElidedLabel;
-class ProfileList;
+class LongTextBox;
 class QCheckBox;
 class QFrame;
 class QGridLayout;
@@ -19,16 +20,27 @@ class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
 class QWidget;
-class LongTextBox;
 class TabButton;
 class ValueBox;
 
-/// The controls of the main window. All of them belong to the window.
+/// The quantities of the value boxes in the order of the page: each of the first four has its own
+/// line, of the others two share one.
+inline constexpr std::array kBoxOrder{
+    Quantity::Location,    Quantity::Time,      Quantity::Conditions, Quantity::WindSpeed,
+    Quantity::Temperature, Quantity::Humidity,  Quantity::DewPoint,   Quantity::AtmosPress,
+    Quantity::WindChill,   Quantity::HeatIndex, Quantity::Visibility, Quantity::Precip,
+    Quantity::Sunrise,     Quantity::Sunset,    Quantity::MinTemp,    Quantity::MaxTemp};
+
+static_assert(NamesEachOnce(kBoxOrder, [](const QuantityRow &row) { return !row.box.isEmpty(); }));
+
+/// The controls of the main window, which owns all of them.
 ///
-/// The outer frames have their fixed places, what is inside them is laid out by the toolkit, so
-/// that it follows the font.
+/// The outer frames have fixed places; the toolkit lays out what is in them, so that it follows the
+/// font.
 struct PageControls
 {
+    /// Makes all controls, in the order of the Tab key, with their texts at start-up. Call it once,
+    /// before any of them is used.
     void Build(QWidget *window);
 
     // The tabs and what all pages share.
@@ -38,7 +50,7 @@ struct PageControls
     QFrame *linPages = nullptr; ///< Separates the tabs from the pages.
 
     // "Current Weather"
-    std::array<ValueBox *, 16> valueBoxes{}; ///< In the order of kValueBoxFields.
+    std::array<ValueBox *, kBoxOrder.size()> valueBoxes{}; ///< In that order.
     ElidedLabel *lblDisclaimer1 = nullptr;
     ElidedLabel *lblWeatherCopyright = nullptr;
     ElidedLabel *lblStatus = nullptr;
@@ -49,7 +61,7 @@ struct PageControls
 
     // Its frame with the profile's settings, and the frame with the reply as received.
     CoveringFrame *frmWeatherSettings = nullptr;
-    ProfileList *cboSelectedProfile = nullptr;
+    ChoiceList *cboSelectedProfile = nullptr;
     std::array<QFrame *, 4> frmLoc{};
     std::array<ElidedLabel *, 4> lblLocationTitle{};
     std::array<QLineEdit *, 4> txtLocation{};
@@ -91,8 +103,9 @@ private:
     QGroupBox *BuildCheckIntervals(QGroupBox *page);
 };
 
-/// Where the tab of page `index` stands, raised when it is the current page's.
+/// The place of the tab of page `index` in the window; the current page's tab is raised.
 [[nodiscard]] QRect TabGeometry(int index, bool raised);
 
-/// Puts the profile's description below the last location frame that is shown.
+/// Moves the profile's description to just below the last location frame that is shown. Call it
+/// after location frames have been shown or hidden; the window itself need not be shown.
 void PlaceDescription(const PageControls &controls);

@@ -1,12 +1,13 @@
-#include "app/covering_frame.h"
-#include "app/long_text_box.h"
 #include "app/page_controls.h"
-#include "app/page_grid.h"
-#include "app/profile_list.h"
-#include "app/value_box.h"
+#include "controls/choice_list.h"
 #include "controls/control.h"
+#include "controls/covering_frame.h"
 #include "controls/elided_label.h"
-#include "weather/weather_data.h"
+#include "controls/grid.h"
+#include "controls/long_text_box.h"
+#include "controls/value_box.h"
+#include "core/twips.h"
+#include "weather/raw_data_text.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -19,13 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRowGap = 3;
 constexpr int kColumns = 4;  // title, box, title, box
 constexpr int kWideRows = 4; // location, time, conditions and wind need the whole width
 constexpr int kBelowLocations = Twips(75);
 constexpr int kRawInset = Twips(60); // as far from the window's edges as the pages
 
-/// The button that closes a frame in front, as does the Escape key in it.
+/// Makes the button that closes `frame`; the Escape key presses it.
 QPushButton *MakeDoneButton(CoveringFrame *frame)
 {
     auto *done = MakeButton(frame, u"btnWeatherDone"_s, u"&Done"_s);
@@ -45,17 +45,13 @@ void PageControls::BuildWeatherPage(QGroupBox *page)
     BuildValueBoxes(page, rows);
     BuildStatus(page, status);
 
-    lblDisclaimer1 = MakeControl<ElidedLabel>(page, u"lblDisclaimer1"_s, 2);
-    lblDisclaimer1->setText(u"This weather display is intended for configuration verification and "
-                            "is not ideal for on-air reading."_s);
-    lblDisclaimer1->SetMuted();
-    lblWeatherCopyright = MakeControl<ElidedLabel>(page, u"lblWeatherCopyright"_s, 2);
-    lblWeatherCopyright->setText(u"Weather data is provided by the selected service."_s);
-    lblWeatherCopyright->SetMuted();
+    lblDisclaimer1 =
+        MakeNotice(page, u"lblDisclaimer1"_s,
+                   u"This weather display is intended for configuration verification and "
+                   "is not ideal for on-air reading."_s);
+    lblWeatherCopyright = MakeNotice(page, u"lblWeatherCopyright"_s,
+                                     u"Weather data is provided by the selected service."_s);
     lblWeatherCopyright->hide();
-    auto *notices = new QGridLayout; // the two take turns in one place
-    notices->addWidget(lblDisclaimer1, 0, 0);
-    notices->addWidget(lblWeatherCopyright, 0, 0);
 
     auto *layout = new QVBoxLayout(page); // owned by the page
     layout->setContentsMargins(kPageMargins);
@@ -64,7 +60,7 @@ void PageControls::BuildWeatherPage(QGroupBox *page)
     layout->addStretch();
     layout->addLayout(status);
     layout->addStretch();
-    layout->addLayout(notices);
+    layout->addLayout(InOnePlace(lblDisclaimer1, lblWeatherCopyright));
 }
 
 void PageControls::BuildStatus(QGroupBox *page, QVBoxLayout *rows)
@@ -94,12 +90,12 @@ void PageControls::BuildStatus(QGroupBox *page, QVBoxLayout *rows)
 void PageControls::BuildValueBoxes(QGroupBox *page, QGridLayout *rows)
 {
     int titleWidth = 0;
-    for (int i = 0; i < int(kValueBoxFields.size()); ++i) {
-        const ValueBoxField &field = kValueBoxFields[size_t(i)];
-        auto *box = MakeControl<ValueBox>(page, field.name.toString());
-        box->setToolTip(field.meaning.toString());
-        QLabel *title = MakeTitle(page, u"lbl%1Title"_s.arg(field.name.sliced(3)),
-                                  field.caption.toString(), box);
+    for (int i = 0; i < int(kBoxOrder.size()); ++i) {
+        const QuantityRow &quantity = RowOf(kBoxOrder[size_t(i)]);
+        auto *box = MakeControl<ValueBox>(page, quantity.box.toString());
+        box->setToolTip(quantity.meaning.toString());
+        QLabel *title = MakeTitle(page, u"lbl%1Title"_s.arg(quantity.box.sliced(3)),
+                                  quantity.caption.toString(), box);
         const bool isWide = i < kWideRows;
         const int row = isWide ? i : kWideRows + (i - kWideRows) / 2;
         const int column = isWide ? 0 : (i - kWideRows) % 2 * 2;
@@ -109,7 +105,7 @@ void PageControls::BuildValueBoxes(QGroupBox *page, QGridLayout *rows)
         valueBoxes[size_t(i)] = box;
     }
     for (const int column : {0, 2}) {
-        rows->setColumnMinimumWidth(column, titleWidth); // so that the boxes are equally wide
+        rows->setColumnMinimumWidth(column, titleWidth); // equally wide boxes
         rows->setColumnStretch(column + 1, 1);
     }
 }
@@ -121,10 +117,11 @@ void PageControls::BuildWeatherSettings(QGroupBox *page)
     frmWeatherSettings->resize(page->size());
     frmWeatherSettings->hide();
 
-    cboSelectedProfile = MakeControl<ProfileList>(frmWeatherSettings, u"cboSelectedProfile"_s);
+    cboSelectedProfile = MakeControl<ChoiceList>(frmWeatherSettings, u"cboSelectedProfile"_s);
+    cboSelectedProfile->setPlaceholderText(u"No profiles found"_s);
     auto *layout = new QVBoxLayout(frmWeatherSettings); // owned by the frame
     layout->setContentsMargins(kPageMargins);
-    layout->setSpacing(0); // the description's place below a location frame is given
+    layout->setSpacing(0); // the description goes directly below a location frame
     layout->addWidget(MakeTitle(frmWeatherSettings, u"Label1"_s,
                                 u"Weather &Information Service Profile"_s, cboSelectedProfile));
     layout->addSpacing(kTitleGap);
@@ -188,5 +185,5 @@ void PlaceDescription(const PageControls &controls)
 {
     QLayout *layout = controls.frmWeatherSettings->layout();
     layout->invalidate();
-    layout->activate(); // at once, shown or not
+    layout->activate(); // at once, even while hidden
 }

@@ -1,6 +1,7 @@
 #include "controls/control.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -43,6 +44,14 @@ QLabel *MakeTitle(QWidget *parent, const QString &name, const QString &caption, 
     auto *title = MakeControl<QLabel>(parent, name, caption);
     title->setBuddy(buddy);
     return title;
+}
+
+QLayout *InOnePlace(QWidget *one, QWidget *other)
+{
+    auto *place = new QGridLayout;
+    place->addWidget(one, 0, 0);
+    place->addWidget(other, 0, 0);
+    return place;
 }
 
 void SetBold(QWidget *control, bool bold)

@@ -1,5 +1,6 @@
 #include "controls/elided_label.h"
 
+#include "controls/control.h"
 #include "controls/muted_color.h"
 #include "controls/tabular_text.h"
 
@@ -12,6 +13,8 @@ namespace {
 
 constexpr qsizetype kLongestLaidOut = 1000; // far more than the window can show
 constexpr int kPreferredWidth = 120;
+constexpr int kNoticeLines = 2;
+
 } // namespace
 
 ElidedLabel::ElidedLabel(int lines, QWidget *parent) : QLabel(parent), m_lines(lines)
@@ -52,7 +55,7 @@ QSize ElidedLabel::minimumSizeHint() const
 
 TextWidth ElidedLabel::Width() const
 {
-    // A single character is looked up, a text is shaped: and the digits are asked for one by one.
+    // Digits are measured one by one: looking up a single character is cheaper than shaping a text.
     return [metrics = fontMetrics()](const QString &text) {
         return text.size() == 1 ? metrics.horizontalAdvance(text.front())
                                 : metrics.horizontalAdvance(text);
@@ -74,8 +77,8 @@ QString ElidedLabel::ToolTipText() const
     return parts.join(u'\n');
 }
 
-// Lines are broken and cut by the text with the widest digits, so that neither moves when a digit
-// changes.
+// Lines are wrapped and cut as if all digits were the widest, so that neither place moves when a
+// digit changes.
 QStringList ElidedLabel::Lines() const
 {
     const QString shown = ShownText();
@@ -89,7 +92,7 @@ QStringList ElidedLabel::Lines() const
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(contentsRect().width());
-        if (lines.size() + 1 == m_lines) { // the last one takes the rest, as far as it goes
+        if (lines.size() + 1 == m_lines) { // the last line takes the rest, as far as it fits
             lines.append(Elided(shown.mid(line.textStart()), widest.mid(line.textStart())));
             break;
         }
@@ -99,14 +102,14 @@ QStringList ElidedLabel::Lines() const
     return lines;
 }
 
-/// `line` cut where `widest`, the same with the widest digits, has to be.
+/// `line` cut where `widest`, the same line with the widest digits, must be.
 QString ElidedLabel::Elided(const QString &line, const QString &widest) const
 {
     const QString cut = fontMetrics().elidedText(widest, m_elideMode, contentsRect().width());
     if (cut == widest)
         return line;
     const auto ellipsis = std::mismatch(cut.begin(), cut.end(), widest.begin(), widest.end()).first;
-    if (ellipsis == cut.end()) // no room for anything
+    if (ellipsis == cut.end()) // nothing fits
         return {};
     const qsizetype front = ellipsis - cut.begin();
     return line.left(front) + *ellipsis + line.right(cut.size() - front - 1);
@@ -128,10 +131,18 @@ void ElidedLabel::paintEvent(QPaintEvent *event)
                            : palette().color(foregroundRole()));
     const QRect room = contentsRect();
     const int spacing = fontMetrics().lineSpacing();
-    // A text that comes and goes keeps its first line in its place.
+    // The first line of a text that comes and goes stays in place.
     int top = room.top() + (room.height() - m_lines * spacing) / 2;
     for (const QString &line : Lines()) {
         PaintLine(painter, top, line);
         top += spacing;
     }
+}
+
+ElidedLabel *MakeNotice(QWidget *parent, const QString &name, const QString &text)
+{
+    auto *notice = MakeControl<ElidedLabel>(parent, name, kNoticeLines);
+    notice->setText(text);
+    notice->SetMuted();
+    return notice;
 }

@@ -5,11 +5,11 @@
 
 #include <QLabel>
 
-/// A label for texts that come from outside, such as addresses and credit lines: plain text in a
-/// fixed number of lines, broken anywhere when it must be, with an ellipsis for what does not fit.
-/// It never asks for more room because of its text; the tool tip shows what does not fit.
+/// A label for external texts such as addresses and credit lines: plain text in a fixed number of
+/// lines, wrapped anywhere if it must be, with an ellipsis for what does not fit. It never requests
+/// more space because of its text; the tool tip shows what does not fit.
 ///
-/// All digits take the room of the widest one, so that a text that counts stands still.
+/// All digits are as wide as the widest one, so that a countdown does not move.
 class ElidedLabel final : public QLabel, public ToolTipSource
 {
     Q_OBJECT
@@ -17,16 +17,16 @@ class ElidedLabel final : public QLabel, public ToolTipSource
 public:
     explicit ElidedLabel(int lines, QWidget *parent);
 
-    /// Where the ellipsis stands in the last line; at its end unless set.
+    /// Where the ellipsis is in the last line; at its end unless set.
     void SetElideMode(Qt::TextElideMode mode);
 
-    /// Asks for the room that `text` takes in one line, whatever its digits.
+    /// Requests the space that `text` needs on one line, whatever its digits.
     void SetRoomFor(const QString &text);
 
-    /// Shows the text with less weight.
+    /// Shows the text in a muted colour.
     void SetMuted();
 
-    /// The lines that are painted.
+    /// The lines as painted.
     [[nodiscard]] QStringList Lines() const;
 
     [[nodiscard]] QString ToolTipText() const override;
@@ -48,3 +48,6 @@ private:
     Qt::TextElideMode m_elideMode = Qt::ElideRight;
     bool m_muted = false;
 };
+
+/// Makes a label for a notice, such as a credit line: muted, in two lines.
+[[nodiscard]] ElidedLabel *MakeNotice(QWidget *parent, const QString &name, const QString &text);

@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <QPalette>
 
-/// A scroll area that shows by its frame that it has the focus. Most styles do so for boxes of one
-/// line only, and whoever works by keyboard would lose the focus in here.
+/// A scroll area whose frame shows that it has the focus. Most styles show this only for one-line
+/// boxes, and keyboard users would lose track of the focus in here.
 template <typename Area>
 class WithFocusFrame : public Area
 {

@@ -1,14 +1,16 @@
 #include "controls/muted_color.h"
 
+#include "controls/mixed_color.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double kLeastContrast = 4.5; // what the accessibility guidelines ask for
+constexpr double kLeastContrast = 4.5; // as the accessibility guidelines require
 constexpr double kStep = 0.1;
 
-/// The share of one colour channel in the brightness that is perceived.
+/// The share of one colour channel in the perceived brightness.
 double Linear(double channel)
 {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -18,16 +20,6 @@ double Luminance(const QColor &color)
 {
     return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF())
          + 0.0722 * Linear(color.blueF());
-}
-
-/// `share` (0 to 1) of `over` on `under`.
-QColor Mixed(const QColor &over, const QColor &under, double share)
-{
-    const auto mix = [share](float one, float other) {
-        return float(share * double(one) + (1 - share) * double(other));
-    };
-    return QColor::fromRgbF(mix(over.redF(), under.redF()), mix(over.greenF(), under.greenF()),
-                            mix(over.blueF(), under.blueF()));
 }
 
 } // namespace

@@ -2,12 +2,12 @@
 
 #include <QPalette>
 
-/// How well `text` can be read on `background`, from 1 (not at all) to 21 (black on white). Both
-/// colours are opaque.
+/// The contrast of `text` on `background`, from 1 (none) to 21 (black on white). Both colours are
+/// opaque.
 [[nodiscard]] double Contrast(const QColor &text, const QColor &background);
 
-/// The colour for texts of less weight: the palette's placeholder colour on its role `background`,
-/// moved towards the role `text` as far as it takes to be read without effort. Some palettes have
-/// a placeholder colour that hardly shows.
+/// The colour for minor texts: the palette's placeholder colour, moved towards the role `text`
+/// until it is easy to read on the role `background`. In some palettes the placeholder colour is
+/// hardly visible.
 [[nodiscard]] QColor MutedColor(const QPalette &palette, QPalette::ColorRole text,
                                 QPalette::ColorRole background);

@@ -1,13 +1,10 @@
 #include "controls/tabular_text.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 
 namespace {
-
-bool IsDigit(QChar character)
-{
-    return character >= u'0' && character <= u'9';
-}
 
 QChar WidestDigit(const TextWidth &widthOf)
 {

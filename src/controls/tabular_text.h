@@ -5,13 +5,13 @@
 
 #include <functional>
 
-// Texts whose digits all take the room of the widest one. Few fonts of desktops have digits of
-// different widths, but in those a countdown would twitch each second.
+// Texts whose digits are all as wide as the widest one. Few desktop fonts have digits of different
+// widths, but in those a countdown would twitch each second.
 
-/// How wide a text is drawn.
+/// The width of a text as drawn.
 using TextWidth = std::function<int(const QString &)>;
 
-/// A piece of a line and where it is drawn.
+/// A piece of a line and its position.
 struct PlacedText
 {
     QString text = {};
@@ -21,8 +21,8 @@ struct PlacedText
     [[nodiscard]] bool operator==(const PlacedText &) const = default;
 };
 
-/// `text` with the widest digit in the place of each of its digits.
+/// `text` with each digit replaced by the widest one.
 [[nodiscard]] QString WithWidestDigits(QString text, const TextWidth &widthOf);
 
-/// The pieces of `line` from its left on: each digit for itself, all else as it stands together.
+/// The pieces of `line` from left to right: each digit by itself, everything between as one piece.
 [[nodiscard]] QList<PlacedText> PlaceTabular(const QString &line, const TextWidth &widthOf);

@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kName = u"LiteralToolTip"_s;
-constexpr qsizetype kLongest = 1000;   // a tool tip has to fit on the screen
+constexpr qsizetype kLongest = 1000;   // a tool tip must fit on the screen
 constexpr qsizetype kLongestLine = 60; // characters
 
-/// `line` in lines of a handy length, broken at blanks where there are any. The toolkit's own way
-/// makes a column of a few words of it.
+/// `line` in lines of readable length, wrapped at blanks if there are any. The toolkit itself would
+/// make a column of a few words of it.
 QString Folded(QStringView line)
 {
     QStringList lines;

@@ -4,10 +4,10 @@
 
 class QWidget;
 
-/// `text` as a tool tip that shows it literally, whatever it holds, in lines of a handy length.
+/// `text` as a tool tip that shows it literally, whatever it contains, in lines of readable length.
 [[nodiscard]] QString PlainToolTip(const QString &text);
 
-/// A control whose tool tip says more than what it is for.
+/// A control whose tool tip shows more than its purpose.
 class ToolTipSource
 {
 public:
@@ -15,12 +15,13 @@ public:
     virtual ~ToolTipSource() = default;
     Q_DISABLE_COPY_MOVE(ToolTipSource)
 
-    /// The text where it does not fit, and what the control is for.
+    /// The control's text if it does not fit, and what the control is for.
     [[nodiscard]] virtual QString ToolTipText() const = 0;
 };
 
-/// Has the tool tip of `control` shown literally, in lines of a handy length: the toolkit would
-/// guess whether it holds markup. It says what toolTip() says, or a ToolTipSource itself.
+/// Makes `control` show its tool tip literally, in lines of readable length; the toolkit would
+/// guess whether it contains markup. The text is that of toolTip() or, for a ToolTipSource, its
+/// own.
 void ShowToolTipLiterally(QWidget *control);
 
 /// Gives `control` a tool tip that says what it is for. The text is kept plain, so that assistive

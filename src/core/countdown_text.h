@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// A time still to wait, in seconds from 0 on: "M:SS" below one hour, else "H:MM:SS".
+/// A remaining time in `seconds` (0 or more): "M:SS" below one hour, "H:MM:SS" from there on.
 [[nodiscard]] QString CountdownText(int seconds);

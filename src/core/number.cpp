@@ -1,5 +1,7 @@
 #include "core/number.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -11,12 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSignificantDigits = 15;
-constexpr int kPlainLimit = 15; // digits ahead of the point, and behind it, in plain notation
-
-bool IsDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
+constexpr int kPlainLimit = 15; // digits before the point, and after it, in plain notation
 
 bool IsBlank(QChar c)
 {
@@ -30,7 +27,7 @@ qsizetype SkipDigits(QStringView text, qsizetype from)
     return from;
 }
 
-/// Length of the exponent that `text` has at `from`, 0 when it has none.
+/// Length of the exponent that `text` has at `from`, 0 if it has none.
 qsizetype ExponentLength(QStringView text, qsizetype from)
 {
     if (from >= text.size() || (text[from] != u'E' && text[from] != u'e'))
@@ -42,7 +39,7 @@ qsizetype ExponentLength(QStringView text, qsizetype from)
     return end > at ? end - from : 0;
 }
 
-/// Length of the number at the front of `text` (no blanks ahead of it), 0 when there is none.
+/// Length of the number at the front of `text` (without leading blanks), 0 if there is none.
 qsizetype NumberLength(QStringView text)
 {
     const qsizetype sign = !text.isEmpty() && (text[0] == u'+' || text[0] == u'-') ? 1 : 0;
@@ -58,7 +55,7 @@ qsizetype NumberLength(QStringView text)
     return end + ExponentLength(text, end);
 }
 
-/// Whether a number that a double cannot hold is too small for it rather than too large.
+/// Whether a number that does not fit a double is too small rather than too large.
 bool IsTiny(const std::string &number)
 {
     const std::size_t exponentAt = number.find_first_of("Ee");
@@ -70,7 +67,7 @@ bool IsTiny(const std::string &number)
     auto magnitude = static_cast<double>(point) - static_cast<double>(first);
     if (exponentAt != std::string::npos) {
         const bool negative = number[exponentAt + 1] == '-';
-        // Saturates: an exponent of many digits is far outside either way.
+        // Saturates: an exponent of many digits is far out of range either way.
         double exponent = 0;
         for (const char c : number.substr(exponentAt + 1)) {
             if (c >= '0' && c <= '9')
@@ -81,7 +78,7 @@ bool IsTiny(const std::string &number)
     return magnitude < 0;
 }
 
-/// The value of a text that is a number from end to end; nothing when it overflows a double.
+/// The value of a text that is a number from end to end; nothing if it overflows a double.
 std::optional<double> ValueOf(QStringView number)
 {
     if (number.startsWith(u'+'))

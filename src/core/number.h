@@ -7,11 +7,11 @@
 #include <string>
 
 /// The decimal number at the front of `text`: blanks (space, tab, line ends) are skipped, then an
-/// optional sign, digits with an optional point, and an exponent (E or e) when digits follow it.
+/// optional sign, digits with an optional point, and an exponent (E or e) if digits follow it.
 /// ASCII digits and the point only, whatever the system's locale; what follows is ignored.
 ///
-/// @return 0 when there is no number; nothing when the number is too large for a double, which
-///         makes the step that asked for it fail.
+/// @return 0 if there is no number; nothing if the number is too large for a double, which makes
+///         the step that asked for it fail.
 [[nodiscard]] std::optional<double> LeadingNumber(QStringView text);
 
 /// A number in its 15-digit decimal form: `digits` (no zeros at either end, empty for zero) times
@@ -20,23 +20,23 @@ struct DecimalNumber
 {
     bool negative = false;
     std::string digits = {};
-    int pointAt = 0; ///< Digits ahead of the decimal point; zero and below: zeros follow it.
+    int pointAt = 0; ///< Digits before the decimal point; zero and below: zeros follow it.
 };
 
-/// Takes a finite `value` apart, rounded to at most 15 significant digits from its exact value.
+/// Splits a finite `value` into digits, its exact value rounded to at most 15 significant ones.
 [[nodiscard]] DecimalNumber ToDecimal(double value);
 
-/// The shortest general form of a finite number: at most 15 significant digits, point as decimal
-/// sign, no trailing zeros; from 1E+15 on, and where more than 15 digits would stand behind the
-/// point, in exponent form ("2E+15", "1.66666666666667E-02").
+/// The shortest general form of a finite number: at most 15 significant digits, a decimal point,
+/// no trailing zeros; from 1E+15 on, and where more than 15 digits would follow the point, in
+/// exponent form ("2E+15", "1.66666666666667E-02").
 [[nodiscard]] QString NumberToText(double value);
 
-/// Nearest 16-bit whole number, exact halves to the even neighbour.
+/// The nearest 16-bit whole number, exact halves to even.
 /// @return nothing outside -32768..32767 after rounding (and for values that are not numbers).
 [[nodiscard]] std::optional<qint16> ToInt16(double value);
 
 /// The number that the *whole* of `text` denotes, rounded to a whole one as ToInt16() does:
 /// blanks around it, a sign, a point and an exponent are accepted.
-/// @return nothing when the text is no number at all; a number beyond the double's range comes back
-///         as infinity, since it is a number, only a useless one.
+/// @return nothing if the text is not a number at all; infinity for a number beyond the double's
+///         range, because it is a number, if a useless one.
 [[nodiscard]] std::optional<double> WholeTextNumber(QStringView text);

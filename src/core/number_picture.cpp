@@ -1,182 +1,16 @@
 #include "core/number_picture.h"
 
 #include "core/number.h"
+#include "core/picture_section.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <vector>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kGroupLength = 3;
 
-/// One element of a picture section.
-struct Element
-{
-    enum class Kind
-    {
-        Zero,     ///< "0": a digit always.
-        Digit,    ///< "#": a significant digit only.
-        Point,    ///< The decimal point.
-        Exponent, ///< "E+00": `text` is "E+" or "E-" as written, `width` the least digits.
-        Literal   ///< `text` as it is.
-    };
-    Kind kind = Kind::Literal;
-    QStringView text = {}; ///< A view of the picture.
-    int width = 0;
-};
-
-/// One section of a picture, taken apart.
-struct Section
-{
-    std::vector<Element> elements = {};
-    int integerPlaces = 0;      ///< "0" and "#" ahead of the point.
-    int leastIntegerDigits = 0; ///< Places from the first "0" on.
-    int decimalPlaces = 0;
-    int leastDecimals = 0; ///< Places up to the last "0".
-    int percents = 0;
-    bool grouped = false;
-    bool exponent = false;
-};
-
-bool IsPlace(QChar c)
-{
-    return c == u'0' || c == u'#';
-}
-
-/// Length of the quoted text or escaped character at the front of `picture`; 0: neither.
-qsizetype VerbatimLength(QStringView picture)
-{
-    if (picture.front() == u'\\')
-        return std::min<qsizetype>(2, picture.size());
-    if (picture.front() != u'"')
-        return 0;
-    const qsizetype end = picture.indexOf(u'"', 1);
-    return end < 0 ? picture.size() : end + 1;
-}
-
-QStringView VerbatimText(QStringView verbatim)
-{
-    if (verbatim.front() == u'\\')
-        return verbatim.sliced(1);
-    return verbatim.size() > 1 && verbatim.back() == u'"' ? verbatim.sliced(1).chopped(1)
-                                                          : verbatim.sliced(1);
-}
-
-/// The sections of a picture; ";" in quotes and behind "\" part nothing, and what follows a third
-/// section is of no use.
-std::array<QStringView, 3> SplitSections(QStringView picture)
-{
-    std::array<QStringView, 3> sections;
-    std::size_t section = 0;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < picture.size() && section < sections.size();) {
-        const qsizetype verbatim = VerbatimLength(picture.sliced(i));
-        if (verbatim == 0 && picture[i] == u';') {
-            sections[section++] = picture.sliced(start, i - start);
-            start = i + 1;
-        }
-        i += std::max<qsizetype>(verbatim, 1);
-    }
-    if (section < sections.size())
-        sections[section] = picture.sliced(start);
-    return sections;
-}
-
-/// Length of the exponent sign and its places at the front of `picture` ("E+00"); 0: none is there.
-qsizetype ExponentLength(QStringView picture)
-{
-    if (picture.size() < 3 || (picture[0] != u'E' && picture[0] != u'e')
-        || (picture[1] != u'+' && picture[1] != u'-'))
-        return 0;
-    qsizetype end = 2;
-    while (end < picture.size() && IsPlace(picture[end]))
-        ++end;
-    return end > 2 ? end : 0;
-}
-
-/// Takes a section apart, element by element.
-class SectionReader
-{
-public:
-    explicit SectionReader(QStringView picture) : m_rest(picture)
-    {
-        m_section.elements.reserve(static_cast<std::size_t>(picture.size()));
-    }
-
-    Section Read()
-    {
-        while (!m_rest.isEmpty())
-            m_rest = m_rest.sliced(TakeElement());
-        return std::move(m_section);
-    }
-
-private:
-    /// @return how much of the picture the element took.
-    qsizetype TakeElement();
-    void TakePlace(QChar c);
-    void TakeMark(QChar c);
-    void Add(Element::Kind kind, QStringView text = {}, int width = 0)
-    {
-        m_section.elements.push_back({kind, text, width});
-    }
-
-    QStringView m_rest;
-    Section m_section;
-    bool m_behindPoint = false;
-    bool m_comma = false; // behind an integer place, not yet between two
-};
-
-qsizetype SectionReader::TakeElement()
-{
-    if (const qsizetype length = VerbatimLength(m_rest); length > 0) {
-        Add(Element::Kind::Literal, VerbatimText(m_rest.first(length)));
-        return length;
-    }
-    if (const qsizetype length = ExponentLength(m_rest); length > 0 && !m_section.exponent) {
-        m_section.exponent = true;
-        Add(Element::Kind::Exponent, m_rest.first(2), static_cast<int>(length) - 2);
-        return length;
-    }
-    if (IsPlace(m_rest.front()))
-        TakePlace(m_rest.front());
-    else
-        TakeMark(m_rest.front());
-    return 1;
-}
-
-void SectionReader::TakePlace(QChar c)
-{
-    Add(c == u'0' ? Element::Kind::Zero : Element::Kind::Digit);
-    if (m_behindPoint) {
-        ++m_section.decimalPlaces;
-        if (c == u'0')
-            m_section.leastDecimals = m_section.decimalPlaces;
-        return;
-    }
-    ++m_section.integerPlaces;
-    if (c == u'0' || m_section.leastIntegerDigits > 0)
-        ++m_section.leastIntegerDigits;
-    m_section.grouped = m_section.grouped || m_comma;
-}
-
-void SectionReader::TakeMark(QChar c)
-{
-    if (c == u'.' && !m_behindPoint) {
-        m_behindPoint = true;
-        Add(Element::Kind::Point);
-    } else if (c == u',' && !m_behindPoint) {
-        m_comma = m_section.integerPlaces > 0;
-    } else {
-        m_section.percents += c == u'%' ? 1 : 0;
-        Add(Element::Kind::Literal, m_rest.first(1));
-    }
-}
-
-/// Rounds to `decimals` digits behind the point, halves away from zero.
+/// Rounds to `decimals` digits after the point, halves away from zero.
 void Round(DecimalNumber &number, int decimals)
 {
     const int keep = number.pointAt + decimals;
@@ -202,7 +36,7 @@ void Round(DecimalNumber &number, int decimals)
     number.digits.erase(number.digits.find_last_not_of('0') + 1);
 }
 
-/// The digit at `index` behind the number's own first one, "0" outside its significant digits.
+/// The digit `index` places after the number's own first one, "0" outside its significant digits.
 QChar DigitAt(const DecimalNumber &number, int index)
 {
     const bool significant = index >= 0 && index < static_cast<int>(number.digits.size());
@@ -210,7 +44,7 @@ QChar DigitAt(const DecimalNumber &number, int index)
                        : QLatin1Char('0');
 }
 
-/// The digits ahead of the point, at least `least`; a value below one has none of its own.
+/// The digits before the point, at least `least`; a value below one has none of its own.
 QString IntegerDigits(const DecimalNumber &number, int least)
 {
     const int own = number.digits.empty() ? 0 : std::max(number.pointAt, 0);
@@ -221,7 +55,7 @@ QString IntegerDigits(const DecimalNumber &number, int least)
     return digits;
 }
 
-/// The significant digits behind the point, at least `least`.
+/// The significant digits after the point, at least `least`.
 QString DecimalDigits(const DecimalNumber &number, int least)
 {
     const int own = number.digits.empty()
@@ -238,7 +72,7 @@ QString DecimalDigits(const DecimalNumber &number, int least)
 class Composer
 {
 public:
-    Composer(const Section &section, const DecimalNumber &number, int exponent)
+    Composer(const PictureSection &section, const DecimalNumber &number, int exponent)
         : m_section(section)
         , m_integer(IntegerDigits(number, section.leastIntegerDigits))
         , m_decimals(DecimalDigits(number, section.leastDecimals))
@@ -247,19 +81,19 @@ public:
 
     QString Compose()
     {
-        for (const Element &element : m_section.elements)
+        for (const PictureElement &element : m_section.elements)
             Put(element);
         return std::move(m_text);
     }
 
 private:
-    void Put(const Element &element);
+    void Put(const PictureElement &element);
     void PutPlace();
     void PutIntegerDigits(qsizetype upTo);
-    void PutExponent(const Element &element);
+    void PutExponent(const PictureElement &element);
 
-    const Section &m_section;
-    QString m_integer;  // all integer digits, padded to the least number
+    const PictureSection &m_section;
+    QString m_integer;  // all integer digits, padded to the minimum number
     QString m_decimals; // all decimals to show, padded likewise
     int m_exponent = 0;
     QString m_text;
@@ -269,22 +103,22 @@ private:
     bool m_behindPoint = false;
 };
 
-void Composer::Put(const Element &element)
+void Composer::Put(const PictureElement &element)
 {
     switch (element.kind) {
-    case Element::Kind::Zero:
-    case Element::Kind::Digit:
+    case PictureElement::Kind::Zero:
+    case PictureElement::Kind::Digit:
         PutPlace();
         break;
-    case Element::Kind::Point:
+    case PictureElement::Kind::Point:
         PutIntegerDigits(m_integer.size()); // a picture without integer places shows them all
         m_behindPoint = true;
         m_text.append(u'.');
         break;
-    case Element::Kind::Exponent:
+    case PictureElement::Kind::Exponent:
         PutExponent(element);
         break;
-    case Element::Kind::Literal:
+    case PictureElement::Kind::Literal:
         m_text.append(element.text);
         break;
     }
@@ -299,7 +133,7 @@ void Composer::PutPlace()
         return;
     }
     ++m_integerPlace;
-    // The digits are aligned with the last place; the first place takes all that stand ahead.
+    // The digits are aligned with the last place; the first place takes all those before it.
     PutIntegerDigits(m_integer.size() - (m_section.integerPlaces - m_integerPlace));
 }
 
@@ -313,7 +147,7 @@ void Composer::PutIntegerDigits(qsizetype upTo)
     }
 }
 
-void Composer::PutExponent(const Element &element)
+void Composer::PutExponent(const PictureElement &element)
 {
     m_text.append(element.text.front());
     if (m_exponent < 0)
@@ -324,9 +158,9 @@ void Composer::PutExponent(const Element &element)
 }
 
 /// Moves the point so that the number has as many integer digits as the section has places, and
-/// rounds it there. Rounding may carry into one more digit, which moves the point once more.
+/// rounds there. Rounding may carry into one more digit, which moves the point again.
 /// @return the power of ten that was taken out.
-int Normalize(DecimalNumber &number, const Section &section)
+int Normalize(DecimalNumber &number, const PictureSection &section)
 {
     if (number.digits.empty())
         return 0;
@@ -351,10 +185,7 @@ QString FormatNumber(double value, QStringView picture)
     const auto [positive, negative, zero] = SplitSections(picture);
     const bool ownNegative = value < 0 && !negative.isEmpty();
     const bool ownZero = value == 0 && !zero.isEmpty();
-    const Section section = SectionReader(ownNegative ? negative
-                                          : ownZero   ? zero
-                                                      : positive)
-                                .Read();
+    const PictureSection section = ReadSection(ownNegative ? negative : ownZero ? zero : positive);
 
     DecimalNumber number = ToDecimal(value);
     number.pointAt += 2 * section.percents;

@@ -7,9 +7,9 @@
 ///
 /// "0" always shows a digit, "#" only a significant one, so that "#" shows 0 as the empty text; a
 /// comma between integer places groups by thousands, "%" shows a hundredfold, "E+00" asks for
-/// exponent form, quoted text and the character after "\" stand for themselves, and up to three
-/// sections parted by ";" serve positive, negative and zero values. Digits are those of the
-/// 15-digit decimal form, halves go away from zero. What is rounded to zero loses its minus sign.
+/// exponent form, quoted text and the character after "\" are literal, and up to three sections
+/// separated by ";" apply to positive, negative and zero values. The digits are those of the
+/// 15-digit decimal form, halves away from zero. A value rounded to zero loses its minus sign.
 ///
 /// @return NumberToText() of the value for an empty picture.
 [[nodiscard]] QString FormatNumber(double value, QStringView picture);

@@ -4,7 +4,7 @@
 
 #include <array>
 
-// The tables' names are those of the program's shared state.
+// The tables are named like the program's shared state.
 // NOLINTBEGIN(readability-identifier-naming)
 
 /// The states of the USA in alphabetical order; no district, no territory.
@@ -31,6 +31,6 @@ inline constexpr std::array<QStringView, 50> StateCodes{
 
 // NOLINTEND(readability-identifier-naming)
 
-// A short list would compile and end in empty names.
+// A list that is too short would compile and end in empty names.
 static_assert(!StateNames.back().isEmpty());
 static_assert(!StateCodes.back().isEmpty());

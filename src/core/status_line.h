@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Where a routine reports what it is doing, in words for the user. The main window shows it in
-/// `lblStatus`.
+/// Takes a routine's reports on what it is doing, in words for the user. The main window shows them
+/// in `lblStatus`.
 class StatusLine
 {
 public:

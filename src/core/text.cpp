@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a comparison of vectors gives for each of its characters.
+/// What a vector comparison gives for each character.
 constexpr std::uint16_t AllBitsIf(bool holds)
 {
     return std::uint16_t(-int(holds));
@@ -16,15 +16,15 @@ constexpr std::uint16_t AllBitsIf(bool holds)
 
 qsizetype IndexOf(QStringView text, QStringView needle, qsizetype from)
 {
-    constexpr qsizetype kBlock = 32;    // so many places are looked at in one go of vector steps
+    constexpr qsizetype kBlock = 32;    // places checked in one round of vector steps
     constexpr qsizetype kWithSigns = 4; // a needle that may have a sign at each end
 
     const qsizetype places = text.size() - needle.size() + 1; // where the needle can begin
     if (needle.size() < 2 || from + kBlock > places)
         return text.indexOf(needle, from);
 
-    // Two characters of the needle are looked for. In the services' replies its ends are brackets
-    // and quotes, which are everywhere; their neighbours are seldom found together.
+    // Looks for two characters of the needle. In the services' replies its ends are brackets and
+    // quotes, which are everywhere; the characters next to them are seldom found together.
     const qsizetype left = needle.size() < kWithSigns ? 0 : 1;
     const qsizetype right = needle.size() - 1 - left;
     const char16_t leftUnit = needle[left].unicode();
@@ -74,9 +74,7 @@ QString WithoutLoneSurrogates(QString text)
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (!text[i].isSurrogate())
             continue;
-        const bool pair =
-            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        if (pair)
+        if (IsPairAt(text, i))
             ++i;
         else
             text[i] = QChar(QChar::ReplacementCharacter);
@@ -88,9 +86,8 @@ QStringView FirstCharacters(QStringView text, qsizetype length)
 {
     if (text.size() <= length)
         return text;
-    const bool parts =
-        length > 0 && text[length - 1].isHighSurrogate() && text[length].isLowSurrogate();
-    return text.first(parts ? length - 1 : length);
+    const bool splits = length > 0 && IsPairAt(text, length - 1);
+    return text.first(splits ? length - 1 : length);
 }
 
 QString WithYear(QString text, int year)

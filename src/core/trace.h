@@ -5,7 +5,7 @@
 
 #include <concepts>
 
-/// Who reads the trace lines. Called on the user-interface thread only.
+/// Reads the trace lines. Called on the user-interface thread only.
 class TraceListener
 {
 public:
@@ -17,9 +17,9 @@ public:
     virtual void Line(const QString &line) = 0;
 };
 
-/// Makes `listener` the one that hears the trace; null: nobody. It must outlive its time as the
-/// listener.
-/// @return the listener so far, so that the caller can put it back.
+/// Registers `listener` for the trace in place of the current one; null: nobody. It must outlive
+/// its registration.
+/// @return the previous listener, so that the caller can restore it.
 TraceListener *SetTraceListener(TraceListener *listener);
 
 namespace trace_detail {
@@ -38,10 +38,10 @@ void Append(QString &line, double number); ///< Number to text, see number.h.
 
 } // namespace trace_detail
 
-/// Writes one trace line, made of `parts` one behind the other: texts as they are, whole numbers
-/// in plain decimal form, doubles as NumberToText() gives them.
+/// Writes one trace line, the concatenation of `parts`: texts as they are, whole numbers in plain
+/// decimal form, doubles as NumberToText() gives them.
 ///
-/// With nobody listening a call costs one branch, so a part may be a whole service reply.
+/// If nobody listens, a call costs one branch, so a part may be a whole service reply.
 template <typename... Parts>
 void Trace(const Parts &...parts)
 {

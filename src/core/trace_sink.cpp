@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <csignal>
 #include <cstdio>
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
@@ -44,8 +45,7 @@ std::unique_ptr<TraceListener> DefaultSink()
 #endif
 }
 
-/// True for what ends a line for one reader or another, and for what steers a terminal. A tab does
-/// neither.
+/// True for characters that end a line for some reader or control a terminal. A tab does neither.
 bool IsEscaped(QChar c)
 {
     constexpr QChar kDelete(0x7F);
@@ -68,12 +68,20 @@ QByteArray Escape(QChar c)
     }
 }
 
+/// From here on a write to a pipe that nobody reads any more fails, instead of ending the process.
+void IgnoreBrokenPipes()
+{
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+}
+
 } // namespace
 
 QByteArray TraceLineBytes(const QString &line)
 {
     QByteArray bytes;
-    qsizetype begin = 0; // of what has not been taken over yet
+    qsizetype begin = 0; // of what has not been copied yet
     for (qsizetype i = 0; i < line.size(); ++i) {
         if (!IsEscaped(line[i]))
             continue;
@@ -85,6 +93,7 @@ QByteArray TraceLineBytes(const QString &line)
 
 std::unique_ptr<TraceListener> OpenTraceSink(const QString &where)
 {
+    IgnoreBrokenPipes();
     if (where.isEmpty() || where == "0"_L1)
         return DefaultSink();
 

@@ -1,11 +1,13 @@
 #include "core/windows1252.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr unsigned kFirst = 0x80; // the bytes 80..9F are all that differs from ISO 8859-1
+constexpr unsigned kFirst = 0x80; // only the bytes 80..9F differ from ISO 8859-1
 constexpr unsigned kEnd = 0xA0;
 
 constexpr std::array<char16_t, kEnd - kFirst> kTable = {
@@ -20,7 +22,7 @@ char16_t Decoded(unsigned char byte)
     return byte >= kFirst && byte < kEnd ? kTable[byte - kFirst] : char16_t(byte);
 }
 
-/// The byte of `unit`, or -1 when the code page has none.
+/// The byte of `unit`, or -1 if the code page has none.
 int Encoded(char16_t unit)
 {
     if (unit < kFirst || (unit >= kEnd && unit <= 0xFF))
@@ -52,9 +54,7 @@ QByteArray ToWindows1252(QStringView text, bool *lossy)
         bytes.append('?');
         if (lossy != nullptr)
             *lossy = true;
-        const bool pair =
-            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        if (pair)
+        if (IsPairAt(text, i))
             ++i;
     }
     return bytes;

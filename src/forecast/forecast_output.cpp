@@ -2,12 +2,13 @@
 
 #include "core/text.h"
 
-void SaveForecastData(const IniPath &file, const ForecastProfile &profile, int year)
+using namespace Qt::StringLiterals;
+
+IniPatch ForecastPatch(const IniPath &file, const ForecastProfile &profile, int year)
 {
-    constexpr QStringView section = u"FORECAST";
-    IniFile output(file);
-    WriteIniValue(output, section, u"COPYRIGHT", WithYear(profile.copyright, year), true);
-    WriteIniValue(output, section, u"COPYRIGHTURL", profile.copyrightURL, true);
-    WriteIniValue(output, section, u"DATA", profile.forecastText, true);
-    output.Commit();
+    const QString section = u"FORECAST"_s;
+    return {.file = file,
+            .values = {{section, u"COPYRIGHT"_s, WithYear(profile.copyright, year)},
+                       {section, u"COPYRIGHTURL"_s, profile.copyrightURL},
+                       {section, u"DATA"_s, profile.forecastText}}};
 }

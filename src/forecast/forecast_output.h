@@ -1,8 +1,8 @@
 #pragma once
 
 #include "profiles/forecast_profile.h"
-#include "store/ini_file.h"
+#include "store/file_writer.h"
 
-/// Writes the profile's forecast and its credit lines to the forecast output file, in one go.
+/// The profile's forecast and its credit lines, for the forecast output file.
 /// @param year takes the place of %YEAR% in the credit line.
-void SaveForecastData(const IniPath &file, const ForecastProfile &profile, int year);
+[[nodiscard]] IniPatch ForecastPatch(const IniPath &file, const ForecastProfile &profile, int year);

@@ -26,15 +26,18 @@ bool TakeReply(ForecastState &forecast, ForecastProfile &profile, TransferHandle
 {
     QString reply;
     if (http.Net_HTTPThreadReturnText(handle, reply) <= 0) {
-        status.SetStatus(u"An error occured receiving forecast"_s); // spelled so on purpose
-        Trace(u"An error occurred while retrieving the forecast. ", http.ErrorText(handle));
+        status.SetStatus(u"An error occured receiving forecast"_s); // [sic]
+        forecast.failure = http.Net_HTTPThreadReply(handle).errorText;
+        Trace(u"An error occurred while retrieving the forecast. ", forecast.failure);
         return false;
     }
     const QStringView product = TrimSpaces(reply);
     if (product.isEmpty()) {
-        status.SetStatus(u"Forecast host returned no forecast data"_s);
+        forecast.failure = u"Forecast host returned no forecast data"_s;
+        status.SetStatus(forecast.failure);
         return false;
     }
+    forecast.failure.clear();
     forecast.CleanForecastText = CleanForecast(product, forecast.ForecastZoneCode);
     forecast.received = true;
     profile.forecastText = forecast.CleanForecastText;
@@ -53,7 +56,7 @@ bool RequestForecast(const ForecastAddress &address, ForecastState &forecast,
     if (ForecastThreadHandle == 0) {
         const QString where = " on port "_L1 + address.port + " for weather forecast"_L1;
         Trace(u"Unable to open HTTP handle", where);
-        status.SetStatus("Unable to open request"_L1 + where); // worded differently on purpose
+        status.SetStatus("Unable to open request"_L1 + where); // users do not know handles
         return false;
     }
 

@@ -12,6 +12,7 @@ struct ForecastState
     QString ForecastZoneCode = {};  ///< Of the last request; finds the zone in the reply.
     QString CleanForecastText = {}; ///< The last forecast received.
     bool received = false;          ///< There was one.
+    QString failure = {}; ///< Why the last transfer brought none, in words; empty: it did.
 };
 
 /// Where a forecast is asked for.

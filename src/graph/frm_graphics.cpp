@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The pictures of one set: ":/icons/<set>_00.svg" and on.
+/// The pictures of one set: ":/icons/<set>_00.svg" and so on.
 void LoadSet(std::array<QIcon, 11> &icons, const QString &set)
 {
     int frame = 0;

@@ -5,15 +5,15 @@
 
 #include <array>
 
-/// The hidden form that holds the pictures of the tray icon. Each is rendered once in a size, so
-/// that a step of the animation only hands one over.
+/// The hidden form that holds the pictures of the tray icon. Each is rendered once per size, so
+/// that a step of the animation only passes one on.
 class frmGraphics final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Loads the pictures and sets `GraphicsFormLoaded`; the form's end clears it. The flag
-    /// outlives the form.
+    /// Loads the pictures and sets `GraphicsFormLoaded`; the destructor clears it. The flag must
+    /// outlive the form.
     explicit frmGraphics(bool &GraphicsFormLoaded);
     ~frmGraphics() override;
     Q_DISABLE_COPY_MOVE(frmGraphics)
@@ -25,5 +25,5 @@ private:
     bool &m_loaded;
 };
 
-/// The picture the tray icon rests at, for the title bars and the task bar.
+/// The picture that the tray icon rests on, for the title bars and the task bar.
 [[nodiscard]] QIcon ProgramIcon();

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// A marker on the curve. Like all elements it keeps its last place while it is not visible.
+/// A marker on the curve. Like all elements it keeps its last position while it is not visible.
 struct GraphCircle
 {
     QPointF centre = {};
@@ -24,7 +24,7 @@ struct GraphLine
     [[nodiscard]] bool operator==(const GraphLine &other) const = default;
 };
 
-/// A text in the room it may take.
+/// A text and the area that it may fill.
 struct GraphLabel
 {
     QString caption = {};
@@ -34,7 +34,7 @@ struct GraphLabel
     [[nodiscard]] bool operator==(const GraphLabel &other) const = default;
 };
 
-/// What the graph is drawn of, in logical pixels of the control. Each array begins with the one
+/// The elements of the drawing, in logical pixels of the control. Each array begins with the one
 /// element that is always there; CreateElements() adds the others.
 struct GraphElements
 {
@@ -60,7 +60,7 @@ enum class ElementArray
     lblTempLabel
 };
 
-/// One element to be added: its array and the index it gets there.
+/// One element to be added: its array and its index there.
 struct NewElement
 {
     ElementArray array = {};
@@ -69,8 +69,8 @@ struct NewElement
     [[nodiscard]] bool operator==(const NewElement &other) const = default;
 };
 
-/// The elements beyond the first ones, in the order they are made in: marker and tick of each hour
-/// up to the one before `lastTemp`, curve segments up to `lastTemp`, guide line and label up to
+/// The elements after the first ones, in the order of their creation: marker and tick of each hour
+/// up to the one before `lastTemp`, curve segments up to `lastTemp`, guide lines and labels up to
 /// `lastLabel`.
 [[nodiscard]] std::vector<NewElement> ElementsToCreate(int lastTemp, int lastLabel);
 

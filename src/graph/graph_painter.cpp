@@ -1,5 +1,7 @@
 #include "graph/graph_painter.h"
 
+#include "controls/mixed_color.h"
+
 #include <QPainterPath>
 
 #include <algorithm>
@@ -18,24 +20,15 @@ constexpr double kAxisStrength = 0.45;
 constexpr double kLabelStrength = 0.72;
 constexpr double kAreaStrength = 0.22;
 
-QColor Mixed(const QColor &base, const QColor &other, double strength)
-{
-    const auto mix = [strength](float from, float to) {
-        return float(from + (to - from) * strength);
-    };
-    return QColor::fromRgbF(mix(base.redF(), other.redF()), mix(base.greenF(), other.greenF()),
-                            mix(base.blueF(), other.blueF()));
-}
-
-/// Greys follow the palette; the three colours come in a shade that stands off its base.
+/// Greys follow the palette; the three colours have a shade that contrasts with its base.
 struct GraphColors
 {
     explicit GraphColors(const QPalette &palette)
         : base(palette.color(QPalette::Base))
         , text(palette.color(QPalette::Text))
-        , label(Mixed(base, text, kLabelStrength))
-        , axis(Mixed(base, text, kAxisStrength))
-        , guide(Mixed(base, text, kGuideStrength))
+        , label(Mixed(text, base, kLabelStrength))
+        , axis(Mixed(text, base, kAxisStrength))
+        , guide(Mixed(text, base, kGuideStrength))
     {
         if (base.lightness() < kDarkBelow) {
             curve = QColor(255, 190, 70);
@@ -54,8 +47,8 @@ struct GraphColors
     QColor lowest = QColor(20, 104, 190);
 };
 
-/// Lines along the edges of the screen's pixels. A pen would spread them over two rows where a
-/// logical pixel is one and a half of the screen's.
+/// Lines along the edges of the screen's pixels. If a logical pixel is one and a half of the
+/// screen's, a pen would spread them over two rows.
 class HairLines final
 {
 public:
@@ -134,7 +127,7 @@ void PaintGrid(QPainter &painter, const GraphElements &elements, const GraphPlan
         lines.Dashed(elements.linMaxTemp.line, colors.highest);
 }
 
-/// The curve's segments, and what lies between them and the lower edge.
+/// The curve's segments, and the area between them and the lower edge.
 void PaintSegments(QPainter &painter, const GraphElements &elements, const QRectF &plot,
                    const QColor &color)
 {

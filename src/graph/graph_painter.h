@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 
-/// Paints the elements as they are placed, on the palette's base colour; straight lines stand on
-/// whole pixels of the screen, whatever its resolution. `background` is the whole control.
+/// Paints the elements at their positions, on the palette's base colour; straight lines are aligned
+/// to whole pixels of the screen, whatever its resolution. `background` is the whole control.
 void PaintGraph(QPainter &painter, const GraphElements &elements, const GraphPlan &plan,
                 const QPalette &palette, const QRectF &background);

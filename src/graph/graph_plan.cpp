@@ -8,11 +8,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kHours = 24;
-constexpr double kNarrowestHour = 2;   // pixels; below, there is nothing to see of a curve
-constexpr double kWidestColumn = 0.25; // of the control, for texts at either side
+constexpr double kNarrowestHour = 2;   // pixels; below that a curve cannot be seen
+constexpr double kWidestColumn = 0.25; // of the control, for texts on either side
 constexpr int kMarkDecimals = 1;
 
-/// The plot inside the texts around it.
+/// The plot, inside the texts around it.
 QRectF PlotArea(const QSizeF &size, const GraphTextSizes &sizes, const GraphPlan &plan)
 {
     const double widest = size.width() * kWidestColumn;
@@ -33,7 +33,7 @@ QRectF MarkBox(const GraphPlan &plan, double width, double temperature)
     return {plan.plot.right() + plan.gap, y - plan.textHeight / 2, width, plan.textHeight};
 }
 
-/// Moves two marks that would overlap apart, and back to where the plot has room for both.
+/// Moves apart two marks that would overlap, and then back to where the plot has room for both.
 void PartMarks(QRectF &upper, QRectF &lower, const GraphPlan &plan)
 {
     const double overlap = upper.bottom() - lower.top();
@@ -142,7 +142,7 @@ GraphTexts MakeTexts(const DayTemps &day)
     const std::optional<DayExtremes> extremes = FindExtremes(day);
     if (extremes && IsOnScale(*scale, extremes->highest))
         texts.highest = DegreesText(extremes->highest, kMarkDecimals);
-    // On a day of one temperature the two lines are one, and it is named once.
+    // On a day with a single temperature the two lines coincide and get one label.
     if (extremes && IsOnScale(*scale, extremes->lowest) && extremes->lowest < extremes->highest)
         texts.lowest = DegreesText(extremes->lowest, kMarkDecimals);
     return texts;
@@ -153,7 +153,7 @@ GraphPlan PlanGraph(const DayTemps &day, const QSizeF &size, const GraphTexts &t
 {
     GraphPlan plan;
     plan.gap = std::round(sizes.height / 2);
-    plan.edge = std::round(sizes.height * 3 / 4); // half a line's label stays clear of the hours
+    plan.edge = std::round(sizes.height * 3 / 4); // half a line: labels stay clear of the hours
     plan.textHeight = sizes.height;
     plan.plot = PlotArea(size, sizes, plan);
     if (plan.plot.isEmpty())

@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-/// How large the graph's texts are in its font, in logical pixels.
+/// Sizes of the graph's texts in its font, in logical pixels.
 struct GraphTextSizes
 {
     double height = 0; ///< Of one line.
@@ -18,18 +18,18 @@ struct GraphTextSizes
     double hour = 0;   ///< Width of the widest hour.
 };
 
-/// The temperatures that stand in the graph as texts.
+/// The temperatures that the graph shows as texts.
 struct GraphTexts
 {
     std::vector<QString> labels = {}; ///< At the guide lines, from the bottom up; empty: no scale.
-    QString lowest = {};              ///< Empty: no line, or none of its own.
+    QString lowest = {};              ///< Empty: no line, or not a separate one.
     QString highest = {};             ///< Empty: no line.
 };
 
 [[nodiscard]] GraphTexts MakeTexts(const DayTemps &day);
 
-/// Where the parts of the graph go: the date above the plot, the labels at its left, the lowest and
-/// the highest temperature at its right, the hours below.
+/// Where the parts of the graph go: the date above the plot, the labels to its left, the lowest and
+/// the highest temperature to its right, the hours below.
 struct GraphPlan
 {
     QRectF plot = {}; ///< Empty: the control is too small for a graph.
@@ -47,7 +47,7 @@ struct GraphPlan
 [[nodiscard]] GraphPlan PlanGraph(const DayTemps &day, const QSizeF &size, const GraphTexts &texts,
                                   const GraphTextSizes &sizes);
 
-/// Puts every element in its place and says which are to be seen; the date's width is the
-/// control's own affair and stays.
+/// Positions every element and sets which are visible. The date's width is left unchanged, because
+/// the control sets it.
 void PlaceElements(GraphElements &elements, const DayTemps &day, const GraphTexts &texts,
                    const GraphPlan &plan);

@@ -74,7 +74,7 @@ int LabelDecimals(const TempScale &scale)
 {
     if (AreLabelsWhole(scale))
         return 0;
-    // A hair more than it is: 50.4 - 50 falls short of 0.4.
+    // Slightly more than the real distance, because 50.4 - 50 falls short of 0.4.
     const double distance = (scale.top - scale.bottom) / (kTempLabels - 1) * kALittleMore;
     int decimals = 1;
     for (double unit = 0.1; distance < unit && decimals < kMostDecimals; unit /= 10)

@@ -15,7 +15,7 @@ namespace {
 constexpr QColor kDiscFill(245, 165, 36);
 constexpr QColor kDiscRing(38, 50, 66);
 
-/// What stands in for a drawing: the sun without anything, ringed as the drawings are.
+/// The substitute for a drawing: only the sun, with a ring like the drawings.
 void DrawDisc(QPainter &painter, const QRectF &area)
 {
     const double ring = area.width() / 16;
@@ -42,7 +42,7 @@ QPixmap Rendered(const QString &fileName, int size)
     return pixmap;
 }
 
-/// Renders a drawing when it is first asked for in a size, and keeps that picture.
+/// Renders a drawing when a size is first requested, and keeps that picture.
 class SvgIconEngine final : public QIconEngine
 {
 public:

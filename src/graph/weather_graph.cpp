@@ -13,14 +13,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kHours = 24;
-// Pixels of one hour across; lines of text that the rest takes across, and the whole in height.
+// Width of one hour in pixels; width of the rest, and height of the whole, in lines of text.
 constexpr int kHourWidth = 14;
 constexpr int kNarrowHourWidth = 4;
 constexpr int kTextLines = 8;
 constexpr int kLines = 14;
 constexpr int kFewLines = 7;
 
-/// The labels' typeface where there is one, at the size of the control's own.
+/// The labels' typeface if it is installed, at the size of the control's own font.
 QFont LabelFont(QFont font)
 {
     font.setFamilies({u"Tahoma"_s, font.family()});
@@ -43,7 +43,7 @@ GraphTextSizes Measure(const GraphTexts &texts, const QFont &font)
     return sizes;
 }
 
-/// What there is to see, in words.
+/// Describes the graph in words.
 QString Description(const DayTemps &day)
 {
     const auto extremes = FindExtremes(day);
@@ -93,7 +93,7 @@ void WeatherGraph::TempArray(double temperature, qint16 hour)
 
 void WeatherGraph::RedrawGraph() const
 {
-    // Nobody has a use for the range itself, only for the error.
+    // The range itself is not needed, only the exception.
     static_cast<void>(ScaleRange(m_day));
 }
 

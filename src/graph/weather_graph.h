@@ -6,11 +6,11 @@
 
 #include <QWidget>
 
-/// Shows a day of hourly temperatures. No form of the program has one; it is a part of its own,
-/// with the members that its hosts know.
+/// Shows a day of hourly temperatures. No form of the program uses it: it is a separate component
+/// for other programs, its hosts.
 ///
-/// It keeps 25 temperatures, each without a reading at first, and the limits of the scale, and
-/// draws what it holds whenever it is painted.
+/// It holds 25 temperatures, at first without readings, and the limits of the scale, and draws
+/// what it holds whenever it is painted.
 class WeatherGraph final : public QWidget
 {
     Q_OBJECT
@@ -21,15 +21,15 @@ public:
     /// Forgets all readings, then calls RedrawGraph(), whose exception passes through.
     void ResetTempArray();
 
-    /// The upper and the lower end of the scale. Any value is taken; see RedrawGraph().
+    /// The upper and the lower end of the scale. Any value is accepted; see RedrawGraph().
     void MaxTemp(double temperature);
     void MinTemp(double temperature);
 
-    /// Stores the reading of hour 0..23; any other hour is ignored. kNoReading takes one back.
+    /// Stores the reading of hour 0..23; any other hour is ignored. kNoReading removes a reading.
     void TempArray(double temperature, qint16 hour);
 
-    /// Computes the range of the scale. It draws nothing: what was set is painted by itself.
-    /// @throws std::overflow_error when the range is not finite; such a scale is not drawn.
+    /// Computes the range of the scale. It draws nothing: changes are painted automatically.
+    /// @throws std::overflow_error if the range is not finite; such a scale is not drawn.
     void RedrawGraph() const;
 
     /// Replaces "Date" above the graph.

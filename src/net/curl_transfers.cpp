@@ -21,8 +21,8 @@ namespace {
 constexpr int kRefusedUrl = 3; // libcurl's number for an address that is none
 constexpr int kNotStarted = 2; // libcurl's number for "could not be brought up"
 
-/// Lets the memory of large replies go back to the system as soon as they are let go of. Else the
-/// C library's limit for such blocks grows with the first large one, and the heap keeps the rest.
+/// Returns the memory of large replies to the system as soon as it is freed. Otherwise the C
+/// library's threshold for such blocks rises with the first large one, and the heap keeps the rest.
 void ReturnLargeBlocks()
 {
 #ifdef __GLIBC__
@@ -44,9 +44,9 @@ std::unique_ptr<TransferThread> StartThread(TransferOptions options)
     return std::make_unique<TransferThread>(Completed(std::move(options)));
 }
 
-TransferResult Refused()
+Reply Refused()
 {
-    return {.error = kRefusedUrl, .text = {}, .errorText = u"Not an http or https address"_s};
+    return {.error = kRefusedUrl, .errorText = u"Not an http or https address"_s};
 }
 
 } // namespace
@@ -55,10 +55,12 @@ CurlTransfers::CurlTransfers(TransferOptions options) : m_thread(StartThread(std
 
 CurlTransfers::~CurlTransfers() = default;
 
-const Transfer *CurlTransfers::Find(TransferHandle handle) const
+/// Null unless the transfer has ended.
+const Reply *CurlTransfers::FindReply(TransferHandle handle) const
 {
     const auto found = m_open.find(handle);
-    return found == m_open.end() ? nullptr : found->second.get();
+    const bool started = found != m_open.end() && found->second != nullptr;
+    return started ? found->second->Ended() : nullptr;
 }
 
 TransferHandle CurlTransfers::Net_HTTPThreadOpen(const QString &port)
@@ -89,19 +91,21 @@ bool CurlTransfers::Net_HTTPThreadGet(TransferHandle handle, const QString &url)
 
 bool CurlTransfers::Net_HTTPThreadIsDone(TransferHandle handle) const
 {
-    if (!m_open.contains(handle))
-        return true;
-    const Transfer *transfer = Find(handle);
-    return transfer != nullptr && transfer->Result() != nullptr;
+    return !m_open.contains(handle) || FindReply(handle) != nullptr;
 }
 
 int CurlTransfers::Net_HTTPThreadReturnText(TransferHandle handle, QString &text)
 {
-    const Transfer *transfer = Find(handle);
-    const TransferResult *result = transfer == nullptr ? nullptr : transfer->Result();
-    const bool received = result != nullptr && result->error == 0;
-    text = received ? result->text : QString();
+    const Reply *reply = FindReply(handle);
+    const bool received = reply != nullptr && reply->error == 0;
+    text = received ? reply->text : QString();
     return received ? 1 : 0;
+}
+
+Reply CurlTransfers::Net_HTTPThreadReply(TransferHandle handle) const
+{
+    const Reply *reply = FindReply(handle);
+    return reply == nullptr ? Reply{.error = kNoReply} : *reply;
 }
 
 void CurlTransfers::Net_HTTPThreadClose(TransferHandle handle)
@@ -111,22 +115,8 @@ void CurlTransfers::Net_HTTPThreadClose(TransferHandle handle)
         return;
     const std::shared_ptr<Transfer> transfer = found->second;
     m_open.erase(found);
-    if (transfer != nullptr && transfer->Result() == nullptr)
+    if (transfer != nullptr && transfer->Ended() == nullptr)
         m_thread->Stop(transfer);
-}
-
-QString CurlTransfers::ErrorText(TransferHandle handle) const
-{
-    const Transfer *transfer = Find(handle);
-    const TransferResult *result = transfer == nullptr ? nullptr : transfer->Result();
-    return result == nullptr ? QString() : result->errorText;
-}
-
-int CurlTransfers::ErrorNumber(TransferHandle handle) const
-{
-    const Transfer *transfer = Find(handle);
-    const TransferResult *result = transfer == nullptr ? nullptr : transfer->Result();
-    return result == nullptr ? 0 : result->error;
 }
 
 int CurlTransfers::Net_HttpGetText(const QString &url, QString &text)
@@ -138,8 +128,8 @@ int CurlTransfers::Net_HttpGetText(const QString &url, QString &text)
         return kNotStarted;
     const auto transfer = std::make_shared<Transfer>(*requestUrl);
     m_thread->Start(transfer);
-    const TransferResult &result = transfer->Wait();
-    if (result.error == 0)
-        text = result.text;
-    return result.error;
+    const Reply &reply = transfer->Wait();
+    if (reply.error == 0)
+        text = reply.text;
+    return reply.error;
 }

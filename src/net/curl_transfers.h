@@ -12,13 +12,13 @@ class TransferThread;
 /// All HTTP transfers of the program, done by one network thread.
 ///
 /// The public operations belong to one thread, the owner's, and never block, except
-/// Net_HttpGetText(). Destroying it breaks off what still runs and takes no longer for it.
+/// Net_HttpGetText(). Destroying it aborts running transfers without waiting for them.
 class CurlTransfers final : public HttpTransfers
 {
 public:
     /// @param options an empty `userAgent` becomes the program's own, with the contact that the
     ///        environment variable `TAVRIN_CONTACT` names. The usual environment variables for
-    ///        proxies count as well.
+    ///        proxies apply too.
     explicit CurlTransfers(TransferOptions options = {});
     ~CurlTransfers() override;
     Q_DISABLE_COPY_MOVE(CurlTransfers)
@@ -27,13 +27,12 @@ public:
     bool Net_HTTPThreadGet(TransferHandle handle, const QString &url) override;
     [[nodiscard]] bool Net_HTTPThreadIsDone(TransferHandle handle) const override;
     int Net_HTTPThreadReturnText(TransferHandle handle, QString &text) override;
+    [[nodiscard]] Reply Net_HTTPThreadReply(TransferHandle handle) const override;
     void Net_HTTPThreadClose(TransferHandle handle) override;
-    [[nodiscard]] QString ErrorText(TransferHandle handle) const override;
-    [[nodiscard]] int ErrorNumber(TransferHandle handle) const override;
     int Net_HttpGetText(const QString &url, QString &text) override;
 
 private:
-    [[nodiscard]] const Transfer *Find(TransferHandle handle) const;
+    [[nodiscard]] const Reply *FindReply(TransferHandle handle) const;
 
     std::map<TransferHandle, std::shared_ptr<Transfer>> m_open; ///< Null: not started yet.
     TransferHandle m_last = 0;

@@ -1,6 +1,8 @@
 #include "net/fetch.h"
 
+#include "net/answer_head.h"
 #include "net/body_text.h"
+#include "net/reply_headers.h"
 #include "net/request_url.h"
 
 #include <QByteArrayView>
@@ -12,12 +14,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr long kFirstSuccess = 200;
+constexpr long kPartialContent = 206;
+constexpr long kDifference = 226;
 constexpr long kFirstRedirect = 300;
 constexpr long kFirstError = 400;
 
+/// True when the body is what was asked for. A part or a difference is not: no request of ours asks
+/// for either.
 bool IsSuccess(long status)
 {
-    return status >= kFirstSuccess && status < kFirstRedirect;
+    return status >= kFirstSuccess && status < kFirstRedirect && status != kPartialContent
+        && status != kDifference;
 }
 
 bool IsRedirect(long status)
@@ -26,9 +33,9 @@ bool IsRedirect(long status)
     return std::find(kRedirects.begin(), kRedirects.end(), status) != kRedirects.end();
 }
 
-TransferResult Failed(int error, const QString &text)
+Reply Failed(int error, const QString &text)
 {
-    return {.error = error, .text = {}, .errorText = text};
+    return {.error = error, .errorText = text};
 }
 
 QString OwnWords(CURLcode code)
@@ -64,7 +71,7 @@ void Fetch::Set(CURLoption option, Value value)
 
 void Fetch::SetUp()
 {
-    // libcurl's own decoder is not asked for: it takes a broken-off body for a complete one.
+    // libcurl's own decoder is not used, because it accepts a truncated body.
     m_headers.reset(curl_slist_append(nullptr, "Accept-Encoding: gzip"));
     m_ready = m_headers != nullptr;
 
@@ -74,9 +81,9 @@ void Fetch::SetUp()
     Set(CURLOPT_FOLLOWLOCATION, 0L); // Follow() decides: no protocol list can say "never back"
     Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
     Set(CURLOPT_NOSIGNAL, 1L);
-    Set(CURLOPT_QUICK_EXIT, 1L); // else closing waits for a name server that does not answer
+    Set(CURLOPT_QUICK_EXIT, 1L); // or closing waits for a name server that does not answer
     Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(m_options.connectTimeout.count()));
-    Set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L); // a proxy's head is no part of the reply
+    Set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L); // a proxy's head is not part of the reply
     Set(CURLOPT_ERRORBUFFER, m_message.data());
     Set(CURLOPT_HEADERFUNCTION, &Fetch::OnHeader);
     Set(CURLOPT_HEADERDATA, this);
@@ -101,12 +108,12 @@ void Fetch::SetUpTls()
     Set<const char *>(CURLOPT_CAPATH, nullptr); // these and no others
 }
 
-std::optional<TransferResult> Fetch::Start()
+std::optional<Reply> Fetch::Start()
 {
     return Request(m_transfer->Url());
 }
 
-std::optional<TransferResult> Fetch::Request(const QByteArray &url)
+std::optional<Reply> Fetch::Request(const QByteArray &url)
 {
     const auto passed =
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_begin);
@@ -129,7 +136,7 @@ std::optional<TransferResult> Fetch::Request(const QByteArray &url)
     return std::nullopt;
 }
 
-std::optional<TransferResult> Fetch::Ended(CURLcode code)
+std::optional<Reply> Fetch::Ended(CURLcode code)
 {
     curl_multi_remove_handle(m_multi, m_easy.get());
     if (code == CURLE_OK && !m_headComplete)
@@ -154,7 +161,7 @@ std::optional<TransferResult> Fetch::Ended(CURLcode code)
                   m_message.front() != '\0' ? QString::fromUtf8(m_message.data()) : OwnWords(code));
 }
 
-std::optional<TransferResult> Fetch::Follow(const char *location)
+std::optional<Reply> Fetch::Follow(const char *location)
 {
     const auto next = RequestUrl(QByteArrayView(location));
     if (!next)
@@ -164,10 +171,11 @@ std::optional<TransferResult> Fetch::Follow(const char *location)
     if (m_redirects == m_options.maxRedirects)
         return Failed(CURLE_TOO_MANY_REDIRECTS, OwnWords(CURLE_TOO_MANY_REDIRECTS));
     ++m_redirects;
+    m_redirectStatus = Status();
     return Request(*next);
 }
 
-TransferResult Fetch::Received()
+Reply Fetch::Received()
 {
     if (m_gzip != nullptr && !m_gzip->IsComplete())
         return Failed(CURLE_BAD_CONTENT_ENCODING, OwnWords(CURLE_BAD_CONTENT_ENCODING));
@@ -177,7 +185,16 @@ TransferResult Fetch::Received()
     const QByteArrayView type =
         typed && contentType != nullptr ? QByteArrayView(contentType) : QByteArrayView();
     const QByteArray body = std::exchange(m_body, {});
-    return {.error = 0, .text = BodyText(body, type), .errorText = {}};
+    return {.text = BodyText(body, type), .complete = m_gzip != nullptr || MarksItsEnd(Easy())};
+}
+
+void Fetch::Describe(Reply &reply) const
+{
+    const long status = Status();
+    reply.took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_begin);
+    reply.status = int(status > 0 ? status : m_redirectStatus);
+    if (reply.error == 0 || reply.error == reply.status) // else no answer ended the fetch
+        ApplyHeaders(HeadersOf(Easy()), QDateTime::currentDateTimeUtc(), reply);
 }
 
 long Fetch::Status() const
@@ -198,7 +215,7 @@ Fetch::Clock::time_point Fetch::IdleDeadline()
     return m_idleSince + m_options.idleTimeout;
 }
 
-TransferResult Fetch::IdleResult() const
+Reply Fetch::IdleReply() const
 {
     const QString span = QString::number(m_options.idleTimeout.count());
     return Failed(CURLE_OPERATION_TIMEDOUT, u"No data received for "_s + span + u" milliseconds"_s);
@@ -210,9 +227,9 @@ bool Fetch::Fail(CURLcode code)
     return false;
 }
 
-bool Fetch::TakeHead(QByteArrayView line)
+bool Fetch::CheckHeadLine(QByteArrayView line)
 {
-    // libcurl takes a head that breaks off for a whole one, and its reply for an empty one.
+    // libcurl accepts a truncated head, and treats its reply as an empty one.
     if (line.startsWith("HTTP/"))
         m_headComplete = false; // an interim reply's head was there before it
     else if (line == "\r\n" || line == "\n")
@@ -244,11 +261,11 @@ bool Fetch::PrepareBody()
     return true;
 }
 
-bool Fetch::TakeBody(QByteArrayView bytes)
+bool Fetch::KeepBody(QByteArrayView bytes)
 {
     const bool first = m_bodySize == 0;
     m_bodySize += bytes.size();
-    // The page behind an error or a redirect is nobody's text, but the connection may serve again.
+    // The page of an error or a redirect is not delivered, but the connection may be used again.
     if (!IsSuccess(Status()))
         return m_bodySize <= m_options.bodyLimit || Fail(CURLE_FILESIZE_EXCEEDED);
     if (first && !PrepareBody())
@@ -268,14 +285,14 @@ bool Fetch::TakeBody(QByteArrayView bytes)
 size_t Fetch::OnHeader(char *bytes, size_t size, size_t count, void *fetch)
 {
     const QByteArrayView line(bytes, qsizetype(size * count));
-    const bool taken = static_cast<Fetch *>(fetch)->TakeHead(line);
+    const bool taken = static_cast<Fetch *>(fetch)->CheckHeadLine(line);
     return taken ? size * count : 0;
 }
 
 size_t Fetch::OnBody(char *bytes, size_t size, size_t count, void *fetch)
 {
     const QByteArrayView view(bytes, qsizetype(size * count));
-    // Nothing to take is no failure; libcurl would read a 0 that is not meant so the same way.
-    const bool taken = view.isEmpty() || static_cast<Fetch *>(fetch)->TakeBody(view);
+    // An empty block is not a failure; libcurl could not tell a failure's 0 from success there.
+    const bool taken = view.isEmpty() || static_cast<Fetch *>(fetch)->KeepBody(view);
     return taken ? size * count : 0;
 }

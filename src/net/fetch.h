@@ -10,13 +10,13 @@
 #include <memory>
 #include <optional>
 
-/// One transfer under way: its easy handle and what has come in so far. Network thread only.
+/// One running transfer: its easy handle and what has come in so far. Network thread only.
 class Fetch
 {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Both `multi` and `options` outlive the fetch.
+    /// Both `multi` and `options` must outlive the fetch.
     Fetch(std::shared_ptr<Transfer> transfer, CURLM *multi, const TransferOptions &options);
     ~Fetch();
     Q_DISABLE_COPY_MOVE(Fetch)
@@ -24,30 +24,35 @@ public:
     [[nodiscard]] std::shared_ptr<Transfer> Target() const { return m_transfer; }
     [[nodiscard]] CURL *Easy() const { return m_easy.get(); }
 
-    /// Hands the request to libcurl.
-    /// @return how the fetch ended when it could not even begin.
-    [[nodiscard]] std::optional<TransferResult> Start();
+    /// Passes the request to libcurl.
+    /// @return how the fetch ended, if it could not even begin.
+    [[nodiscard]] std::optional<Reply> Start();
 
-    /// Takes libcurl's end of the request: follows a redirect, or says how the fetch ended.
-    [[nodiscard]] std::optional<TransferResult> Ended(CURLcode code);
+    /// To be called when libcurl has ended the request: follows a redirect, or says how the fetch
+    /// ended.
+    [[nodiscard]] std::optional<Reply> Ended(CURLcode code);
 
-    /// When the fetch is to be given up unless another byte comes in.
+    /// When to give the fetch up unless another byte comes in.
     [[nodiscard]] Clock::time_point IdleDeadline();
 
-    /// The result of a fetch that was given up.
-    [[nodiscard]] TransferResult IdleResult() const;
+    /// The reply of a fetch that was given up.
+    [[nodiscard]] Reply IdleReply() const;
+
+    /// Adds to `reply`, with which the fetch ends now, what every end has: the status, what the
+    /// headers say, the time that it took.
+    void Describe(Reply &reply) const;
 
 private:
     template <typename Value>
     void Set(CURLoption option, Value value);
     void SetUp();
     void SetUpTls();
-    [[nodiscard]] std::optional<TransferResult> Request(const QByteArray &url);
-    [[nodiscard]] std::optional<TransferResult> Follow(const char *location);
-    [[nodiscard]] TransferResult Received();
+    [[nodiscard]] std::optional<Reply> Request(const QByteArray &url);
+    [[nodiscard]] std::optional<Reply> Follow(const char *location);
+    [[nodiscard]] Reply Received();
     [[nodiscard]] long Status() const;
-    [[nodiscard]] bool TakeHead(QByteArrayView line);
-    [[nodiscard]] bool TakeBody(QByteArrayView bytes);
+    [[nodiscard]] bool CheckHeadLine(QByteArrayView line);
+    [[nodiscard]] bool KeepBody(QByteArrayView bytes);
     [[nodiscard]] bool PrepareBody();
     [[nodiscard]] bool Fail(CURLcode code);
 
@@ -62,12 +67,13 @@ private:
     HeaderList m_headers;
     QByteArray m_url;
     QByteArray m_body;
-    std::unique_ptr<GzipReader> m_gzip; ///< Null: the body comes as it is.
+    std::unique_ptr<GzipReader> m_gzip; ///< Null: the body is not compressed.
     qsizetype m_headSize = 0;
-    bool m_headComplete = false; ///< Its empty line was there.
-    qsizetype m_bodySize = 0;    ///< Bytes of the body as they came, unpacked or not, shown or not.
+    bool m_headComplete = false; ///< Its empty line has come.
+    qsizetype m_bodySize = 0;    ///< Bytes of the body as received, unpacked or not, kept or not.
     int m_redirects = 0;
-    qint64 m_counted = -1; ///< Bytes counted when the idle time began.
+    long m_redirectStatus = 0; ///< Of the last redirect; 0: none yet.
+    qint64 m_counted = -1;     ///< Bytes counted when the idle time began.
     Clock::time_point m_idleSince = m_begin;
     CURLcode m_ownFailure = CURLE_OK; ///< Why a callback stopped libcurl.
     bool m_ready = true;              ///< All options could be set.

@@ -5,10 +5,10 @@
 
 #include <memory>
 
-/// Unpacks a gzip body while it comes in.
+/// Decompresses a gzip body as it comes in.
 ///
-/// libcurl's own decoder takes a body that breaks off for a complete one; here a reply counts only
-/// when its last checksum was there and right.
+/// libcurl's own decoder accepts a truncated body; here a reply counts only if its last checksum is
+/// present and correct.
 class GzipReader
 {
 public:
@@ -16,12 +16,12 @@ public:
     ~GzipReader();
     Q_DISABLE_COPY_MOVE(GzipReader)
 
-    /// Unpacks `bytes` to the end of `body`, at most until it is one byte longer than `limit`.
+    /// Decompresses `bytes` to the end of `body`, at most until it is one byte longer than `limit`.
     /// Several gzip members in a row are one body; anything else after a complete one is ignored.
-    /// @return false when the bytes are no gzip; nothing more is to be fed then.
+    /// @return false if the bytes are not gzip; do not pass any more bytes then.
     [[nodiscard]] bool Feed(QByteArrayView bytes, QByteArray &body, qsizetype limit);
 
-    /// True when the body so far is whole: also before the first byte.
+    /// True if the body so far is complete: also before the first byte.
     [[nodiscard]] bool IsComplete() const;
 
 private:

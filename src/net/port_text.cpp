@@ -1,5 +1,7 @@
 #include "net/port_text.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -7,11 +9,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kHighestPort = 65535;
-
-bool IsDigit(QChar character)
-{
-    return character >= u'0' && character <= u'9';
-}
 
 } // namespace
 

@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-/// Limits of every transfer. The program takes them as they stand here; a test shortens them.
+/// Limits of every transfer. The program uses these defaults; a test shortens them.
 struct TransferOptions
 {
     std::chrono::milliseconds connectTimeout = std::chrono::seconds(10); ///< Name look-up and TLS

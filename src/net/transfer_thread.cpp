@@ -67,7 +67,7 @@ private:
     void Begin(std::shared_ptr<Transfer> transfer);
     void Drop(const std::shared_ptr<Transfer> &transfer);
     void Drive();
-    void End(Fetch &fetch, TransferResult result);
+    void End(Fetch &fetch, Reply reply);
     void EndAll(CURLMcode code);
     [[nodiscard]] std::chrono::milliseconds EndIdle();
     void Wait(std::chrono::milliseconds longest, const std::stop_token &stop);
@@ -148,8 +148,8 @@ void TransferThread::Engine::Begin(std::shared_ptr<Transfer> transfer)
 {
     auto fetch = std::make_unique<Fetch>(std::move(transfer), m_multi.get(), m_options);
     m_fetches.push_back(std::move(fetch));
-    if (auto result = m_fetches.back()->Start())
-        End(*m_fetches.back(), *std::move(result));
+    if (auto reply = m_fetches.back()->Start())
+        End(*m_fetches.back(), *std::move(reply));
 }
 
 void TransferThread::Engine::Drop(const std::shared_ptr<Transfer> &transfer)
@@ -171,24 +171,24 @@ void TransferThread::Engine::Drive()
         char *owner = nullptr;
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &owner);
         auto *const fetch = reinterpret_cast<Fetch *>(owner);
-        if (auto result = fetch->Ended(message->data.result))
-            End(*fetch, *std::move(result));
+        if (auto reply = fetch->Ended(message->data.result))
+            End(*fetch, *std::move(reply));
     }
 }
 
-/// The easy handle goes first: who sees the result may count on that.
-void TransferThread::Engine::End(Fetch &fetch, TransferResult result)
+/// The easy handle goes first: who sees the reply may count on that.
+void TransferThread::Engine::End(Fetch &fetch, Reply reply)
 {
     const std::shared_ptr<Transfer> transfer = fetch.Target();
+    fetch.Describe(reply);
     Drop(transfer);
-    transfer->Publish(std::move(result));
+    transfer->Publish(std::move(reply));
 }
 
 void TransferThread::Engine::EndAll(CURLMcode code)
 {
     while (!m_fetches.empty()) {
         End(*m_fetches.back(), {.error = CURLE_FAILED_INIT,
-                                .text = {},
                                 .errorText = QString::fromUtf8(curl_multi_strerror(code))});
     }
 }
@@ -204,7 +204,7 @@ std::chrono::milliseconds TransferThread::Engine::EndIdle()
         Fetch &fetch = *m_fetches[i];
         const auto deadline = fetch.IdleDeadline();
         if (deadline <= now)
-            End(fetch, fetch.IdleResult());
+            End(fetch, fetch.IdleReply());
         else
             next = std::min(next, deadline);
     }

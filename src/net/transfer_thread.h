@@ -7,7 +7,7 @@
 
 /// The one thread that does all transfers.
 ///
-/// Made, used and destroyed by the owner's thread. Destroying it stops what still runs.
+/// Made, used and destroyed by the owner's thread. Destroying it stops all running transfers.
 class TransferThread
 {
 public:
@@ -15,13 +15,13 @@ public:
     ~TransferThread();
     Q_DISABLE_COPY_MOVE(TransferThread)
 
-    /// False when libcurl could not be brought up: then nothing can be started.
+    /// False if libcurl could not be initialised: then nothing can be started.
     [[nodiscard]] bool IsUsable() const;
 
-    /// Begins `transfer`, which ends by having a result. Returns at once.
+    /// Starts `transfer`, which has ended once it has a reply. Returns at once.
     void Start(std::shared_ptr<Transfer> transfer);
 
-    /// Breaks `transfer` off; it then never gets a result, unless it had ended before. Returns at
+    /// Aborts `transfer`; it then never gets a reply, unless it had already ended. Returns at
     /// once.
     void Stop(std::shared_ptr<Transfer> transfer);
 

@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QStringView>
 
-/// The User-Agent header's value: the program's name and version, and behind it `contact` in
-/// parentheses, which some services ask for ("me@example.org").
+/// The User-Agent header's value: the program's name and version, followed by `contact` in
+/// parentheses ("me@example.org"), which some services ask for.
 ///
-/// Control characters are dropped from `contact`, so that it cannot begin another header; when only
-/// spaces are left there is no parenthesis.
+/// Control characters are dropped from `contact`, so that it cannot start another header; if only
+/// spaces are left, there are no parentheses.
 [[nodiscard]] QByteArray UserAgent(QStringView contact);

@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,7 +54,7 @@ void LoadTags(WeatherProfile &profile, const PrivateProfile &file, QStringView s
 {
     for (std::size_t i = 0; i < kQuantityCount; ++i) {
         for (const TagField &field : kTagFields) {
-            const QString key = kQuantityStems[i].toString().append(field.group);
+            const QString key = kQuantities[i].stem.toString().append(field.group);
             profile.tags[i].*field.text = ReadIniValue(file, section, key);
         }
     }
@@ -120,15 +122,25 @@ std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const IniP
     return LoadForecastProfile(forecast, IniFile(path).Profile(), year);
 }
 
+bool IsSameService(const WeatherProfile &one, const WeatherProfile &other)
+{
+    const auto service = [](const WeatherProfile &profile) {
+        return std::tie(profile.baseURL, profile.mainNodeOpen, profile.mainNodeClose,
+                        profile.concatinateWindSpeedDir, profile.windSpeedDirFormat, profile.tags,
+                        profile.required);
+    };
+    return service(one) == service(other);
+}
+
 void ClearWeatherProfile(WeatherProfile &profile)
 {
     WeatherProfile cleared;
     // These stay: a new profile begins with the time and location tags of the one it replaces.
     cleared.copyrightURL = profile.copyrightURL;
     cleared.concatinateWindSpeedDir = profile.concatinateWindSpeedDir;
-    cleared.values.timeValue = profile.values.timeValue;
-    cleared.values.locationValue = profile.values.locationValue;
-    for (const Quantity quantity : {Quantity::Time, Quantity::Location})
+    for (const Quantity quantity : {Quantity::Time, Quantity::Location}) {
+        cleared.values[quantity] = profile.values[quantity];
         cleared[quantity] = profile[quantity];
+    }
     profile = cleared;
 }

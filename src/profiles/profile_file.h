@@ -19,6 +19,10 @@ void LoadWeatherProfiles(ProfileTable &profiles, const PrivateProfile &file); //
                                                          const PrivateProfile &file,
                                                          int year); ///< Of its image.
 
+/// Whether two profiles, both as loaded, ask the same service for the same and read its replies in
+/// the same way. How they are called and what is known of their source does not count.
+[[nodiscard]] bool IsSameService(const WeatherProfile &one, const WeatherProfile &other);
+
 /// Empties a profile for a new one to be shown. `copyrightURL`, the time and location values and
 /// tags and `concatinateWindSpeedDir` stay as they were.
 void ClearWeatherProfile(WeatherProfile &profile);

@@ -1,44 +1,14 @@
 #pragma once
 
 #include "profiles/forecast_profile.h"
+#include "profiles/quantity.h"
 
 #include <QString>
 #include <QStringList>
-#include <QStringView>
 
 #include <array>
 #include <cstddef>
-
-/// The quantities that a profile locates in a reply, in the order of the record.
-enum class Quantity
-{
-    Temperature,
-    Conditions,
-    WindSpeed,
-    WindDir,
-    Humidity,
-    AtmosPress,
-    DewPoint,
-    WindChill,
-    HeatIndex,
-    Visibility,
-    Sunrise,
-    Sunset,
-    MinTemp,
-    MaxTemp,
-    Precip,
-    Time,
-    Location,
-};
-
-inline constexpr std::size_t kQuantityCount = 17;
-
-/// Key stems of the quantities in the profile file; the key is the stem followed by "Open" and so
-/// on. The mixed case is what the profile files use.
-inline constexpr std::array<QStringView, kQuantityCount> kQuantityStems{
-    u"temperature", u"conditions", u"windspeed", u"windDir",    u"humidity", u"atmosPress",
-    u"dewPoint",    u"windchill",  u"heatindex", u"visibility", u"sunrise",  u"sunset",
-    u"minTemp",     u"maxTemp",    u"precip",    u"time",       u"location"};
+#include <utility>
 
 /// Where one quantity stands in a reply and how it is dressed for display.
 struct QuantityTags
@@ -49,58 +19,9 @@ struct QuantityTags
     QString Suffix = {};
     QString Units = {};
     QString Factor = {};
+
+    [[nodiscard]] bool operator==(const QuantityTags &) const = default;
 };
-
-/// The last parsed value of each quantity as display-ready text, in the order of the record. Wind
-/// speed and direction share one.
-struct WeatherValues
-{
-    QString temperatureValue = {};
-    QString conditionsValue = {};
-    QString windSpeedDirValue = {};
-    QString humidityValue = {};
-    QString atmosPressValue = {};
-    QString dewPointValue = {};
-    QString windchillValue = {};
-    QString heatindexValue = {};
-    QString visibilityValue = {};
-    QString sunriseValue = {};
-    QString sunsetValue = {};
-    QString minTempValue = {};
-    QString maxTempValue = {};
-    QString precipValue = {};
-    QString timeValue = {};
-    QString locationValue = {};
-
-    [[nodiscard]] bool operator==(const WeatherValues &) const = default;
-};
-
-/// One value field: its name in the record and the member that holds it.
-struct WeatherValueField
-{
-    QStringView name = {};
-    QString WeatherValues::*value = nullptr;
-};
-
-/// The sixteen value fields in the order of the record.
-inline constexpr std::array<WeatherValueField, 16> kWeatherValueFields{{
-    {u"temperatureValue", &WeatherValues::temperatureValue},
-    {u"conditionsValue", &WeatherValues::conditionsValue},
-    {u"windSpeedDirValue", &WeatherValues::windSpeedDirValue},
-    {u"humidityValue", &WeatherValues::humidityValue},
-    {u"atmosPressValue", &WeatherValues::atmosPressValue},
-    {u"dewPointValue", &WeatherValues::dewPointValue},
-    {u"windchillValue", &WeatherValues::windchillValue},
-    {u"heatindexValue", &WeatherValues::heatindexValue},
-    {u"visibilityValue", &WeatherValues::visibilityValue},
-    {u"sunriseValue", &WeatherValues::sunriseValue},
-    {u"sunsetValue", &WeatherValues::sunsetValue},
-    {u"minTempValue", &WeatherValues::minTempValue},
-    {u"maxTempValue", &WeatherValues::maxTempValue},
-    {u"precipValue", &WeatherValues::precipValue},
-    {u"timeValue", &WeatherValues::timeValue},
-    {u"locationValue", &WeatherValues::locationValue},
-}};
 
 /// One weather information service profile: how to ask a service for the current weather and where
 /// the values stand in its reply.
@@ -140,9 +61,13 @@ struct ProfileTable
     ForecastProfile forecast = {};
 
     /// The current profile; null when the index names none.
-    [[nodiscard]] WeatherProfile *Selected()
+    [[nodiscard]] const WeatherProfile *Selected() const
     {
         const auto index = static_cast<std::size_t>(currentWeatherProfile);
         return currentWeatherProfile >= 0 && index < weather.size() ? &weather[index] : nullptr;
+    }
+    [[nodiscard]] WeatherProfile *Selected()
+    {
+        return const_cast<WeatherProfile *>(std::as_const(*this).Selected());
     }
 };

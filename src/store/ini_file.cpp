@@ -9,10 +9,12 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// The bytes of the file; nothing when there is a file that cannot be read just now. What can stand
-/// in a path but is no plain file reads as missing: a pipe would hold up the program.
+/// The bytes of the file; nothing if there is a file that cannot be read just now. Anything but a
+/// plain file counts as missing, because a pipe would block the program.
 std::optional<QByteArray> FileBytes(const QString &path)
 {
     if (!QFileInfo(path).isFile())
@@ -33,14 +35,12 @@ IniFile::IniFile(IniPath path) : m_path(std::move(path))
     m_profile = PrivateProfile(bytes.value_or(QByteArray()), m_path.codePage);
 }
 
-bool IniFile::Commit() const
+WriteError IniFile::Commit() const
 {
-    if (!m_readable) {
-        Trace(u"Unable to write ", m_path.path, u": it could not be read before");
-        return false;
-    }
-    const QString problem = ReplaceFile(m_path.path, m_profile.Pieces());
-    if (!problem.isEmpty())
-        Trace(u"Unable to write ", m_path.path, u": ", problem);
-    return problem.isEmpty();
+    WriteError error{WriteError::Kind::Unreadable, u"it could not be read before"_s};
+    if (m_readable)
+        error = ReplaceFile(m_path.path, m_profile.Pieces());
+    if (error.IsError())
+        Trace(u"Unable to write ", m_path.path, u": ", error.text);
+    return error;
 }

@@ -2,11 +2,12 @@
 
 #include "store/ini_value.h"
 #include "store/private_profile.h"
+#include "store/write_error.h"
 
 #include <QString>
 #include <QStringView>
 
-/// Where an INI file lies and how its bytes are read.
+/// Where an INI file is and how its bytes are read.
 struct IniPath
 {
     QString path = {}; ///< Full path; folders are never created.
@@ -20,20 +21,20 @@ class IniFile
 {
 public:
     /// Reads the file. One that is missing, a folder or unreadable counts as empty; one that cannot
-    /// be read just now is not replaced either, for what it holds would be lost.
+    /// be read just now is not replaced either, because its contents would be lost.
     explicit IniFile(IniPath path);
 
     [[nodiscard]] const PrivateProfile &Profile() const { return m_profile; }
     [[nodiscard]] PrivateProfile &Profile() { return m_profile; }
 
-    /// Replaces the file on the disk by what it holds now: temporary file, flush, rename. Mode and
-    /// owner of an existing file survive.
-    /// It does so even if nothing has changed: a file's time of change shows that the program
-    /// lives.
-    /// @return false when that failed, with one trace line; the old file is then whole and
+    /// Replaces the file on the disk with the current values: temporary file, flush, rename. Mode
+    /// and owner of an existing file survive.
+    /// It does so even if nothing has changed, because the file's modification time shows that the
+    /// program is alive.
+    /// @return what went wrong, which is traced in one line; the old file is then complete and
     /// untouched.
     // The program's routines go on either way, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
-    bool Commit() const;
+    WriteError Commit() const;
 
 private:
     IniPath m_path;

@@ -58,6 +58,8 @@ QByteArray WithTokens(const QByteArray &value)
 QString Decoded(QStringView stored)
 {
     QString value = TrimSpaces(stored).toString();
+    if (!value.contains(u'[')) // as nearly all are
+        return value;
     for (const Escape &escape : kEscapes)
         value.replace(escape.token, QString(QLatin1Char(escape.character)));
     return value;

@@ -7,13 +7,13 @@
 
 #include <optional>
 
-/// The value of `key`, trimmed of spaces, with the tokens [SP] [CR] [LF] [TAB] turned into the
-/// characters they stand for; nothing when there is no such key.
+/// The value of `key`, trimmed of spaces, with the tokens [SP] [CR] [LF] [TAB] replaced by their
+/// characters; nothing if there is no such key.
 [[nodiscard]] std::optional<QString> FindIniValue(const PrivateProfile &profile,
                                                   QStringView section, QStringView key);
 
 /// The same.
-/// @return `fallback`, treated the same way, when there is no such key.
+/// @return `fallback`, treated the same way, if there is no such key.
 [[nodiscard]] QString ReadIniValue(const PrivateProfile &profile, QStringView section,
                                    QStringView key, QStringView fallback = {});
 

@@ -1,21 +1,13 @@
 #include "store/private_profile.h"
 
 #include "core/text.h"
-#include "core/windows1252.h"
 #include "store/utf16_units.h"
-
-#include <QStringDecoder>
-#include <QStringEncoder>
 
 #include <algorithm>
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr QByteArrayView kUtf8Mark = "\xEF\xBB\xBF";
-constexpr QByteArrayView kUtf16Mark = "\xFF\xFE";
 constexpr QByteArrayView kLineEnd = "\r\n";
 constexpr qsizetype kLongestValue = 4095; // a reader's buffer of 4096 less its closing NUL
 
@@ -35,26 +27,22 @@ bool IsQuote(char c)
     return c == '"' || c == '\'';
 }
 
+constexpr char16_t kAfterAscii = 0x80;
+
 bool IsAscii(QByteArrayView bytes)
 {
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < kAfterAscii; });
 }
 
 bool IsAscii(QStringView text)
 {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(0x80); });
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(kAfterAscii); });
 }
 
 QByteArrayView UpToNul(QByteArrayView bytes)
 {
     const qsizetype nul = bytes.indexOf('\0');
     return nul < 0 ? bytes : bytes.first(nul);
-}
-
-QStringView UpToNul(QStringView text)
-{
-    const qsizetype nul = text.indexOf(u'\0');
-    return nul < 0 ? text : text.first(nul);
 }
 
 QByteArrayView TrimBlanks(QByteArrayView bytes)
@@ -146,39 +134,26 @@ QByteArrayView WithoutQuotePair(QByteArrayView bytes)
 /// Letter by letter, so that no letter becomes two and different names stay different.
 QString FoldCase(QString text)
 {
-    for (QChar &c : text)
-        c = c.toCaseFolded();
+    for (QChar &c : text) {
+        const char16_t code = c.unicode();
+        const bool isCapital = code >= u'A' && code <= u'Z';
+        if (isCapital || code >= kAfterAscii) // nearly all are neither
+            c = c.toCaseFolded();
+    }
     return text;
-}
-
-QString FromUtf8(QByteArrayView bytes)
-{
-    // A mark inside the file is a character like any other, hence the flag.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    return decoder(bytes);
 }
 
 } // namespace
 
 PrivateProfile::PrivateProfile(QByteArray bytes, CodePage codePage)
-    : m_codePage(codePage)
+    : m_encoding(bytes, codePage)
     , m_image(std::move(bytes))
 {
-    QByteArrayView rest(m_image);
-    if (rest.startsWith(kUtf16Mark)) {
-        m_encoding = Encoding::Utf16Le;
-        m_mark = kUtf16Mark.toByteArray();
-        rest = rest.sliced(m_mark.size());
+    QByteArrayView rest = QByteArrayView(m_image).sliced(m_encoding.Mark().size());
+    if (m_encoding.IsUtf16()) {
         m_stray = rest.last(rest.size() % 2).toByteArray();
         m_image = UnitsFromUtf16Le(rest);
         rest = m_image;
-    } else if (codePage == CodePage::Windows1252) {
-        m_encoding = Encoding::Windows1252;
-    } else {
-        if (rest.startsWith(kUtf8Mark))
-            m_mark = kUtf8Mark.toByteArray();
-        rest = rest.sliced(m_mark.size());
-        m_encoding = rest.isValidUtf8() ? Encoding::Utf8 : Encoding::Windows1252;
     }
     m_lines = SplitLines(rest);
     Index();
@@ -190,7 +165,7 @@ std::optional<QString> PrivateProfile::Find(QStringView section, QStringView key
     if (line < 0)
         return std::nullopt;
     const QByteArrayView stored = TrimBlanks(UpToNul(KnownKeyText(m_lines[line]).value));
-    return FirstCharacters(Decoded(WithoutQuotePair(stored)), kLongestValue).toString();
+    return FirstCharacters(m_encoding.Decoded(WithoutQuotePair(stored)), kLongestValue).toString();
 }
 
 QString PrivateProfile::Value(QStringView section, QStringView key, QStringView fallback) const
@@ -235,8 +210,8 @@ QByteArrayList PrivateProfile::Pieces() const
 {
     QByteArrayList pieces;
     pieces.reserve(m_lines.size() + 2);
-    pieces.append(m_mark);
-    if (m_encoding == Encoding::Utf16Le) {
+    pieces.append(m_encoding.Mark());
+    if (m_encoding.IsUtf16()) {
         for (const QByteArray &line : m_lines)
             pieces.append(UnitsToUtf16Le(line));
     } else {
@@ -283,7 +258,7 @@ void PrivateProfile::InsertLines(qsizetype at, const QByteArray &text)
     // A file that holds nothing but a mark has a first line without an end, too.
     if (at > 0 && !IsLineEnd(m_lines[at - 1].back()))
         m_lines[at - 1] += kLineEnd;
-    else if (at == 0 && !m_mark.isEmpty())
+    else if (at == 0 && !m_encoding.Mark().isEmpty())
         m_lines.insert(at++, kLineEnd.toByteArray());
 
     // One line keeps the memory it has, which may be megabytes.
@@ -293,49 +268,15 @@ void PrivateProfile::InsertLines(qsizetype at, const QByteArray &text)
     Index();
 }
 
-QString PrivateProfile::Decoded(QByteArrayView stored) const
-{
-    switch (m_encoding) {
-    case Encoding::Utf8:
-        return FromUtf8(stored);
-    case Encoding::Windows1252:
-        return FromWindows1252(stored);
-    case Encoding::Utf16Le:
-        break;
-    }
-    return InCodePage(FromUnits(stored));
-}
-
-QByteArray PrivateProfile::Encoded(QStringView text) const
-{
-    text = UpToNul(text);
-    switch (m_encoding) {
-    case Encoding::Utf8:
-        return WithoutLoneSurrogates(text.toString()).toUtf8();
-    case Encoding::Windows1252:
-        return ToWindows1252(text);
-    case Encoding::Utf16Le:
-        break;
-    }
-    return ToUnits(InCodePage(text));
-}
-
-/// A UTF-16 file can hold every character, but only those of the code page pass in and out.
-QString PrivateProfile::InCodePage(QStringView text) const
-{
-    return m_codePage == CodePage::Windows1252 ? FromWindows1252(ToWindows1252(text))
-                                               : WithoutLoneSurrogates(text.toString());
-}
-
 /// The form in which the name that stands in the file is looked up.
 QString PrivateProfile::LookupName(QByteArrayView stored) const
 {
-    return FoldCase(IsAscii(stored) ? QString::fromLatin1(stored) : Decoded(stored));
+    return FoldCase(IsAscii(stored) ? QString::fromLatin1(stored) : m_encoding.Decoded(stored));
 }
 
 /// The form in which the name that a caller gives is looked up: as it would stand in the file.
 QString PrivateProfile::AskedName(QStringView given) const
 {
     given = TrimSpaces(UpToNul(given));
-    return FoldCase(IsAscii(given) ? given.toString() : Decoded(Encoded(given)));
+    return FoldCase(IsAscii(given) ? given.toString() : m_encoding.Decoded(Encoded(given)));
 }

@@ -1,5 +1,6 @@
 #include "store/replaced_file.h"
 
+#include "core/text.h"
 #include "core/trace.h"
 
 #include <QDir>
@@ -27,8 +28,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What stands between the file's name and the random part, and behind it: nobody else's file is
-// named like this by chance, as "Weather.ini.backup" might be.
+// Between the file's name and the random part, and after it. No other file is named like this by
+// chance, as one might be called "Weather.ini.backup".
 constexpr auto kMarker = ".TavrinWeather-"_L1;
 constexpr auto kEnding = ".tmp"_L1;
 
@@ -55,22 +56,21 @@ bool WriteAll(QFileDevice &file, const QByteArrayList &pieces)
         pieces, [&file](const QByteArray &piece) { return file.write(piece) == piece.size(); });
 }
 
-/// Whether a file of this name is one that was never finished. `start` is what stands ahead of the
-/// random part.
+/// Whether a file of this name is one that was never finished. `start` is the part of the name
+/// before the random part.
 bool IsUnfinished(QStringView name, QStringView start)
 {
     if (!name.startsWith(start) || !name.endsWith(kEnding))
         return false;
     const qsizetype digits = name.size() - start.size() - kEnding.size();
     return digits >= 1 && digits <= kMostDigits
-        && std::ranges::all_of(name.sliced(start.size(), digits), [](QChar c) {
-               return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f');
-           });
+        && std::ranges::all_of(name.sliced(start.size(), digits),
+                               [](QChar c) { return IsDigit(c) || (c >= u'a' && c <= u'f'); });
 }
 
 #ifdef Q_OS_UNIX
 
-constexpr int kTries = 16; // for a name that nobody has; the first one does
+constexpr int kTries = 16; // for an unused name; in practice the first try succeeds
 
 QString TemporaryName(const QString &path)
 {
@@ -78,10 +78,10 @@ QString TemporaryName(const QString &path)
     return path + kMarker + QString::number(random, 16) + kEnding;
 }
 
-/// Opens a file beside `path` that was not there before. In the place of no file it has the mode
-/// and the access list that the mode mask and the folder give to new files; else it is the user's
-/// alone until KeepRights(), since who opened it earlier would read what is written later.
-/// @return its name; empty when there can be none, with the reason in errno.
+/// Creates and opens a new file beside `path`. If it replaces no file, it has the mode and the
+/// access list that the umask and the folder give to new files; otherwise only the user can open it
+/// until KeepRights(), because whoever opened it earlier could read what is written later.
+/// @return its name; empty if none can be created, with the reason in errno.
 QString OpenNew(QFile &file, const QString &path)
 {
     constexpr mode_t kForAll = 0666;
@@ -123,56 +123,96 @@ void KeepRights(const QFile &file, const QString &path)
     if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0
         && ::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid) != 0)
         Trace(u"Owner and group are not kept: ", path);
-    // Changing the owner may take bits of the mode away, so the mode comes behind it.
+    // Changing the owner may clear bits of the mode, so the mode is set after it.
     if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
         Trace(u"Mode is not kept: ", path);
     KeepAccessList(file, name.constData());
 }
 
-QString SystemError()
+/// What `number` (errno) stands for.
+WriteError SystemError(int number)
 {
-    return QString::fromStdString(std::generic_category().message(errno));
+    return {WriteErrorKind(number),
+            QString::fromStdString(std::generic_category().message(number))};
+}
+
+/// Why what is in the place of `path` must not be replaced; nothing when it may be, or when there
+/// is nothing. Renaming asks for no right to the old file: who may not write it must not do so by
+/// the back door either.
+WriteError Obstacle(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat old = {};
+    if (::stat(name.constData(), &old) != 0)
+        return errno == ENOENT ? WriteError() : SystemError(errno);
+    if (S_ISDIR(old.st_mode))
+        return SystemError(EISDIR);
+    if (!S_ISREG(old.st_mode))
+        return {WriteError::Kind::NotAFile, u"a pipe, socket or device is in its place"_s};
+    // The system knows of access lists, file systems and superusers; the mode does not.
+    if (::faccessat(AT_FDCWD, name.constData(), W_OK, AT_EACCESS) != 0)
+        return SystemError(errno);
+    return {};
+}
+
+/// Fills the new file `name`, which is open as `file`, and puts it in the place of `path`.
+WriteError FillAndRename(QFile &file, const QString &name, const QString &path,
+                         const QByteArrayList &pieces)
+{
+    errno = 0;
+    if (!WriteAll(file, pieces) || !file.flush())
+        return {WriteErrorKind(errno), file.errorString()};
+    if (::fsync(file.handle()) != 0
+        || std::rename(QFile::encodeName(name).constData(), QFile::encodeName(path).constData())
+               != 0)
+        return SystemError(errno);
+    return {};
 }
 
 /// `path` is no link.
-QString Replace(const QString &path, const QByteArrayList &pieces)
+WriteError Replace(const QString &path, const QByteArrayList &pieces)
 {
+    if (WriteError error = Obstacle(path); error.IsError())
+        return error;
     QFile file;
     const QString name = OpenNew(file, path);
     if (name.isEmpty())
-        return SystemError();
+        return SystemError(errno);
     KeepRights(file, path);
-    QString problem;
-    if (!WriteAll(file, pieces) || !file.flush())
-        problem = file.errorString();
-    else if (::fsync(file.handle()) != 0
-             || std::rename(QFile::encodeName(name).constData(),
-                            QFile::encodeName(path).constData())
-                    != 0)
-        problem = SystemError();
+    WriteError error = FillAndRename(file, name, path, pieces);
     file.close();
-    if (!problem.isEmpty())
+    if (error.IsError())
         QFile::remove(name);
-    return problem;
+    return error;
 }
 
 #else
 
-QString Replace(const QString &path, const QByteArrayList &pieces)
+WriteError Replace(const QString &path, const QByteArrayList &pieces)
 {
     QSaveFile file(path);
-    const bool done = file.open(QIODevice::WriteOnly) && WriteAll(file, pieces) && file.commit();
-    return done ? QString() : file.errorString();
+    if (file.open(QIODevice::WriteOnly) && WriteAll(file, pieces) && file.commit())
+        return {};
+    switch (file.error()) {
+    case QFileDevice::ResourceError:
+        return {WriteError::Kind::DiskFull, file.errorString()};
+    case QFileDevice::PermissionsError:
+        return {WriteError::Kind::NoRight, file.errorString()};
+    default:
+        return {WriteError::Kind::Other, file.errorString()};
+    }
 }
 
 #endif
 
 } // namespace
 
-QString ReplaceFile(const QString &path, const QByteArrayList &pieces)
+WriteError ReplaceFile(const QString &path, const QByteArrayList &pieces)
 {
     const std::optional<QString> target = LinkTarget(path);
-    return target ? Replace(*target, pieces) : u"symbolic links run in a circle"_s;
+    if (!target)
+        return {WriteError::Kind::NotAFile, u"symbolic links run in a circle"_s};
+    return Replace(*target, pieces);
 }
 
 void RemoveLeftovers(const QString &path)

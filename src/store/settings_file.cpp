@@ -42,6 +42,17 @@ void Write(PrivateProfile &file, QStringView key, QStringView value)
     WriteIniValue(file, kSettings, key, value, true);
 }
 
+/// One of the texts that the key may have; anything else counts as no key.
+std::optional<int> CheckIntervalOf(const PrivateProfile &file)
+{
+    const std::optional<QString> text = Find(file, u"CheckInterval");
+    for (const int minutes : kCheckIntervalMinutes) {
+        if (text == QString::number(minutes))
+            return minutes;
+    }
+    return std::nullopt;
+}
+
 QString BoxText(bool checked)
 {
     return (checked ? kTrue : kFalse).toString();
@@ -65,6 +76,8 @@ std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &fi
             settings.ForecastSched[n] = *box != kFalse;
     }
     Take(settings.HTTPPort, file, kSettings, u"HTTPPort");
+    if (const auto minutes = CheckIntervalOf(file))
+        settings.CheckInterval = minutes;
 
     std::optional<QString> profile = Find(file, u"CurrentProfile");
     if (!profile)
@@ -76,19 +89,23 @@ std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &fi
     return std::nullopt;
 }
 
-LoadedSettings LoadSettings(const IniPath &path)
+LoadedSettings ReadSettings(const PrivateProfile &file)
 {
     LoadedSettings loaded;
+    loaded.settings.IsFirstRun = Find(file, u"FirstRun").value_or(kTrue.toString()) == kTrue;
+    loaded.badCurrentProfile = TakeSettings(loaded.settings, file);
+    return loaded;
+}
+
+LoadedSettings LoadSettings(const IniPath &path)
+{
     IniFile file(path);
-    loaded.settings.IsFirstRun =
-        Find(file.Profile(), u"FirstRun").value_or(kTrue.toString()) == kTrue;
+    LoadedSettings loaded = ReadSettings(file.Profile());
     if (loaded.settings.IsFirstRun) {
-        // It is so only once: the file says so from here on, even if the program is not ended in an
-        // orderly way.
+        // Only once: from here on the file says so, even if the program does not exit cleanly.
         Write(file.Profile(), u"FirstRun", kFalse);
         file.Commit();
     }
-    loaded.badCurrentProfile = TakeSettings(loaded.settings, file.Profile());
     return loaded;
 }
 
@@ -105,11 +122,13 @@ void PutSettings(PrivateProfile &file, const Settings &settings)
     Write(file, u"CurrentProfile", QString::number(settings.currentWeatherProfile));
     Write(file, u"MinimizeOnStartup", BoxText(settings.MinimizeOnStartupEnabled));
     Write(file, u"HTTPPort", settings.HTTPPort);
+    if (settings.CheckInterval)
+        Write(file, u"CheckInterval", QString::number(*settings.CheckInterval));
 }
 
 bool SaveSettings(const IniPath &path, const Settings &settings)
 {
     IniFile file(path);
     PutSettings(file.Profile(), settings);
-    return file.Commit();
+    return !file.Commit().IsError();
 }

@@ -4,22 +4,22 @@
 
 #include <optional>
 
-/// Keeps what has been changed since the settings were stored last, for a start behind a power cut:
-/// the settings file itself is written at the end of a run only.
+/// Keeps what has changed since the settings were last stored, for a start after a power cut,
+/// because the settings file itself is written only at the end of a run.
 class SettingsRecovery
 {
 public:
     /// @param path the recovery file; it has the form of the settings file.
     explicit SettingsRecovery(IniPath path);
 
-    /// Takes over what a run that did not come to its end has left, if there is any.
+    /// Takes over what an interrupted run has left, if anything.
     void Apply(Settings &settings);
 
-    /// To be called with the current settings at least once a second: stores them when they differ
-    /// from those of the call before. The first call only notes them.
+    /// Call it with the current settings at least once a second: stores them if they differ from
+    /// those of the previous call. The first call only notes them.
     void Keep(const Settings &settings);
 
-    /// The settings have been stored in their own file: nothing is left to be recovered.
+    /// Call it once the settings are stored in their own file: nothing is left to recover.
     void Discard() const;
 
 private:

@@ -6,9 +6,8 @@
 
 /// Tells whether this desktop has a panel that takes the program's icon.
 ///
-/// It finds out by itself, because the toolkit must not be asked too early: with its first call
-/// for a tray icon it chooses a kind of panel for good, and without one it would never show an
-/// icon again.
+/// It does not ask the toolkit: at its first call for a tray icon the toolkit chooses a kind of
+/// panel for good, and if there is none at that moment, it never shows an icon.
 class DesktopPanel : public QObject
 {
     Q_OBJECT
@@ -18,15 +17,16 @@ public:
     ~DesktopPanel() override = default;
     Q_DISABLE_COPY_MOVE(DesktopPanel)
 
+    /// Whether a panel is there now; after Settle() only one of the chosen kind counts.
     [[nodiscard]] virtual bool IsThere() const = 0;
 
-    /// To be called while a panel is there, ahead of everything that has to do with tray icons:
-    /// the toolkit chooses the kind of panel, and from now on only that kind counts.
+    /// Makes the toolkit choose the kind of panel. Call it while a panel is there, before anything
+    /// else that has to do with tray icons; only the first call does something.
     virtual void Settle() = 0;
 
 Q_SIGNALS:
-    void Changed(); ///< Perhaps: look whether it is there.
+    void Changed(); ///< The panel may have come or gone; see IsThere().
 };
 
-/// The watch over the panel that fits this system.
+/// The panel watch for this system.
 [[nodiscard]] std::unique_ptr<DesktopPanel> WatchDesktopPanel();

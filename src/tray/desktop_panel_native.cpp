@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A system whose panel is a part of it and whose toolkit puts the icon back by itself.
+/// For a system with a built-in panel, where the toolkit puts the icon back by itself.
 class NativePanel final : public DesktopPanel
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The kinds of panels of a Unix desktop: one that is reached over D-Bus, and the X11 tray.
+/// The kinds of panels on a Unix desktop: the one reached over D-Bus, and the X11 tray.
 class UnixPanel final : public DesktopPanel
 {
 public:
@@ -33,8 +33,8 @@ public:
     {
         if (m_kind != Kind::NotSettled)
             return;
-        // The toolkit prefers D-Bus. Where it has no use for it (without any window system) it
-        // says that there is no tray, and there is none on X11 either.
+        // The toolkit prefers D-Bus. If it does not use D-Bus (without any window system), it says
+        // that there is no tray, and there is none on X11 either.
         const bool onBus = m_notifierHost.IsThere() && QSystemTrayIcon::isSystemTrayAvailable();
         m_kind = onBus ? Kind::NotifierHost : Kind::XTray;
     }

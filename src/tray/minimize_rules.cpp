@@ -1,12 +1,7 @@
 #include "tray/minimize_rules.h"
 
 #include "core/number.h"
-
-namespace {
-
-constexpr double kTwipsPerPixel = 15;
-
-} // namespace
+#include "core/twips.h"
 
 ResizeStep StepOfResize(WindowState state, bool isMinimizedToTray, bool isIconShown)
 {

@@ -21,7 +21,7 @@ QDBusMessage Question()
     QDBusMessage message = QDBusMessage::createMethodCall(
         kWatcher, kWatcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     message.setArguments({kWatcher, u"IsStatusNotifierHostRegistered"_s});
-    message.setAutoStartService(false); // to be found, not to be started
+    message.setAutoStartService(false); // the question must not start the watcher
     return message;
 }
 
@@ -39,19 +39,19 @@ NotifierHost::NotifierHost()
     if (!bus.isConnected())
         return;
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &NotifierHost::Ask);
-    // Signals of the bus are known by name only.
+    // The bus's signals can be connected only by name.
     for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
         bus.connect(kWatcher, kWatcherPath, kWatcher, QString::fromLatin1(signal), this,
                     SLOT(Ask()));
     bus.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
                 u"Disconnected"_s, this, SLOT(LoseBus()));
 
-    // Waited for, so that a window that starts minimised does so in the tray at once.
+    // Waits for the answer, so that a window that starts minimised goes to the tray at once.
     const QDBusMessage first = bus.call(Question(), QDBus::Block, kFirstAnswerMilliseconds);
     if (first.type() == QDBusMessage::ReplyMessage)
         m_isThere = IsYes(QDBusPendingReply<QDBusVariant>(first));
     else
-        Ask(); // a watcher that is busy may answer yet
+        Ask(); // a busy watcher may still answer
 }
 
 void NotifierHost::Ask()

@@ -16,11 +16,11 @@ bool SystemPanelIcon::IsShown() const
 void SystemPanelIcon::Add(const QIcon &icon, const QString &tip)
 {
     if (!m_isPanelThere)
-        return; // when it comes, the next picture finds the icon missing
+        return; // when a panel appears, the next picture finds the icon missing
     if (!m_icon) {
         m_panel->Settle();
         m_icon.emplace();
-        connect(&*m_icon, &QSystemTrayIcon::activated, this, &SystemPanelIcon::TakeActivation);
+        connect(&*m_icon, &QSystemTrayIcon::activated, this, &SystemPanelIcon::PassClick);
         LookForPanel(); // of the kind that has been chosen
     }
     m_icon->setIcon(icon);
@@ -52,12 +52,12 @@ void SystemPanelIcon::LookForPanel()
         Q_EMIT PanelCame();
         return;
     }
-    // Or the toolkit would put it into the next panel ahead of anybody who knows of it.
+    // Otherwise the toolkit would put it into the next panel before the program knows of that one.
     Remove();
     Q_EMIT PanelWent();
 }
 
-void SystemPanelIcon::TakeActivation(QSystemTrayIcon::ActivationReason reason)
+void SystemPanelIcon::PassClick(QSystemTrayIcon::ActivationReason reason)
 {
     if (reason == QSystemTrayIcon::Trigger)
         Q_EMIT Clicked(Qt::LeftButton);

@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-/// The icon in the panel of the desktop, whichever it is and whenever it comes.
+/// The icon in the desktop's panel, of whichever kind and whenever it appears.
 class SystemPanelIcon final : public PanelIcon
 {
     Q_OBJECT
@@ -23,10 +23,10 @@ public:
 
 private:
     void LookForPanel();
-    void TakeActivation(QSystemTrayIcon::ActivationReason reason);
+    void PassClick(QSystemTrayIcon::ActivationReason reason);
 
     std::unique_ptr<DesktopPanel> m_panel;
     bool m_isPanelThere = false;
-    std::optional<QSystemTrayIcon> m_icon; ///< Not before there is a panel for it.
+    std::optional<QSystemTrayIcon> m_icon; ///< Created only once there is a panel for it.
     bool m_isAdded = false;                ///< Shown since the panel was there for it.
 };

@@ -45,7 +45,7 @@ QString TrayTip(const QString &sessionId)
     QString tip = u"Restore Tavrin Weather Utility"_s;
     if (!sessionId.isEmpty())
         tip += " ["_L1 + sessionId + ']'_L1;
-    // The field is 64 characters wide, and the NUL that ends the text has to stand in it only if
-    // there is room: a text that fills the field is whole.
+    // The field is 64 characters wide and needs the terminating NUL only if there is room: a text
+    // that fills the field is complete.
     return tip.left(kTipField);
 }

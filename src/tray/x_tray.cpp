@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What the X server answers is freed as C memory.
+/// The X server's answers are freed with free().
 template <typename Reply>
 using ReplyPointer = std::unique_ptr<Reply, decltype(&std::free)>;
 
@@ -28,7 +28,7 @@ xcb_atom_t Atom(xcb_connection_t *connection, const QByteArray &name)
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
-/// The screen that the display's name asks for, as the toolkit takes it.
+/// The screen that the display's name specifies, which the toolkit uses too.
 int ScreenNumber()
 {
     char *host = nullptr;
@@ -45,7 +45,7 @@ XTray::XTray()
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     m_connection = x11 == nullptr ? nullptr : x11->connection();
-    if (m_connection == nullptr) // the toolkit without a window system knows X11, but no display
+    if (m_connection == nullptr) // without a window system the toolkit knows X11, but no display
         return;
     m_manager = Atom(m_connection, "MANAGER");
     m_selection = Atom(m_connection, "_NET_SYSTEM_TRAY_S" + QByteArray::number(ScreenNumber()));
@@ -53,7 +53,7 @@ XTray::XTray()
     qGuiApp->installNativeEventFilter(this);
 }
 
-/// The panel's window, whose end the X server will announce.
+/// The panel's window; the X server will announce when it is destroyed.
 quint32 XTray::FindOwner() const
 {
     const auto cookie = xcb_get_selection_owner(m_connection, m_selection);
@@ -64,7 +64,7 @@ quint32 XTray::FindOwner() const
     const auto change = xcb_change_window_attributes_checked(m_connection, reply->owner,
                                                              XCB_CW_EVENT_MASK, &events);
     const auto error = Own(xcb_request_check(m_connection, change));
-    return error ? 0 : reply->owner; // an error: it has gone in between
+    return error ? 0 : reply->owner; // an error: the window has gone meanwhile
 }
 
 void XTray::Look()
@@ -79,7 +79,7 @@ bool XTray::nativeEventFilter(const QByteArray &eventType, void *message, qintpt
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto *event = static_cast<const xcb_generic_event_t *>(message);
-    const int type = event->response_type & 0x7f; // without the mark of a sent event
+    const int type = event->response_type & 0x7f; // without the flag of a sent event
     if (type == XCB_CLIENT_MESSAGE) {
         const auto *client = reinterpret_cast<const xcb_client_message_event_t *>(event);
         if (client->type == m_manager && client->data.data32[1] == m_selection)

@@ -5,8 +5,8 @@
 
 struct xcb_connection_t;
 
-/// Tells whether an X11 panel takes icons: whether somebody owns the tray selection of the screen.
-/// Without an X11 display there is none. Learns of every change from the display's own events.
+/// Tells whether an X11 panel takes icons: whether the screen's tray selection has an owner.
+/// Without an X11 display there is none. The display's own events report every change.
 class XTray final : public QObject, public QAbstractNativeEventFilter
 {
     Q_OBJECT
@@ -16,11 +16,11 @@ public:
 
     [[nodiscard]] bool IsThere() const { return m_owner != 0; }
 
-    /// Looks at events, takes none of them.
+    /// Inspects events and consumes none.
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
 
 Q_SIGNALS:
-    void Changed();
+    void Changed(); ///< The panel has come or gone, or another one has replaced it.
 
 private:
     [[nodiscard]] quint32 FindOwner() const;

@@ -1,5 +1,7 @@
 #include "weather/date_time_text.h"
 
+#include "weather/date_time_tokens.h"
+
 #include <algorithm>
 #include <array>
 #include <vector>
@@ -12,82 +14,11 @@ constexpr qint64 kFirstJulianDay = 2415019; // 30 December 1899
 constexpr qint64 kSecondsPerDay = 86400;
 constexpr int kFirstYearOf1900s = 50; // two-digit years from here on are 19xx
 
+using Token = DateTimeToken;
+
 constexpr std::array<QStringView, 12> kMonths{u"january",   u"february", u"march",    u"april",
                                               u"may",       u"june",     u"july",     u"august",
                                               u"september", u"october",  u"november", u"december"};
-
-/// A number, a word or one separator.
-struct Token
-{
-    enum class Kind
-    {
-        Number,
-        Word,
-        Separator
-    };
-    Kind kind = Kind::Separator;
-    QStringView text = {};
-    int number = 0;
-
-    [[nodiscard]] bool Is(QChar separator) const
-    {
-        return kind == Kind::Separator && text.front() == separator;
-    }
-    [[nodiscard]] bool IsWord(QStringView word) const
-    {
-        return kind == Kind::Word && text.compare(word, Qt::CaseInsensitive) == 0;
-    }
-};
-
-using Tokens = std::vector<Token>;
-
-bool IsDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
-bool IsLetter(QChar c)
-{
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
-/// Numbers have at most four digits; a longer one makes the text no date-time.
-constexpr qsizetype kMaxDigits = 4;
-
-template <typename Predicate>
-qsizetype RunLength(QStringView text, Predicate belongs)
-{
-    return std::find_if_not(text.begin(), text.end(), belongs) - text.begin();
-}
-
-/// Takes `text` apart; blanks only part tokens. Nothing when it holds a character that no date-time
-/// has, or a number that is too long.
-std::optional<Tokens> Tokenize(QStringView text)
-{
-    Tokens tokens;
-    while (!text.isEmpty()) {
-        const QChar c = text.front();
-        qsizetype length = 1;
-        if (IsDigit(c)) {
-            length = RunLength(text, IsDigit);
-            if (length > kMaxDigits)
-                return std::nullopt;
-            int number = 0;
-            for (const QChar digit : text.first(length))
-                number = number * 10 + (digit.unicode() - u'0');
-            tokens.push_back({Token::Kind::Number, text.first(length), number});
-        } else if (IsLetter(c)) {
-            length = RunLength(text, IsLetter);
-            tokens.push_back({Token::Kind::Word, text.first(length), 0});
-        } else if (QStringView(u"/-,:.").contains(c)) {
-            tokens.push_back({Token::Kind::Separator, text.first(1), 0});
-        } else if (c != u' ') {
-            return std::nullopt;
-        }
-        text = text.sliced(length);
-    }
-    return tokens;
-}
 
 int MonthOf(const Token &token)
 {
@@ -107,17 +38,20 @@ bool IsHalfDay(const Token &token)
 class Reader
 {
 public:
-    explicit Reader(const Tokens &tokens) : m_tokens(tokens) {}
+    explicit Reader(const DateTimeTokens &tokens) : m_tokens(tokens) {}
 
     [[nodiscard]] bool AtEnd() const { return m_at == m_tokens.size(); }
 
     /// True when a time starts here: a number with ":", "." or AM/PM behind it.
-    [[nodiscard]] bool AtTime() const
+    [[nodiscard]] bool AtTime() const { return IsTimeAt(0); }
+
+    /// True when a comma is here and a time starts behind it.
+    [[nodiscard]] bool AtCommaAndTime() const
     {
-        const Token *next = Peek(1);
-        return IsNumber(Peek(0)) && next != nullptr
-            && (next->Is(u':') || next->Is(u'.') || IsHalfDay(*next));
+        return !AtEnd() && Peek(0)->Is(u',') && IsTimeAt(1);
     }
+
+    void SkipComma() { ++m_at; }
 
     std::optional<int> ReadTime();
     std::optional<QDate> ReadDate(int currentYear);
@@ -126,6 +60,12 @@ private:
     [[nodiscard]] const Token *Peek(std::size_t ahead) const
     {
         return m_at + ahead < m_tokens.size() ? &m_tokens[m_at + ahead] : nullptr;
+    }
+    [[nodiscard]] bool IsTimeAt(std::size_t ahead) const
+    {
+        const Token *next = Peek(ahead + 1);
+        return IsNumber(Peek(ahead)) && next != nullptr
+            && (next->Is(u':') || next->Is(u'.') || IsHalfDay(*next));
     }
     [[nodiscard]] static bool IsNumber(const Token *token)
     {
@@ -136,7 +76,7 @@ private:
     int TakeTimePart(bool pointToo);
     std::optional<int> HourInHalfDay(int hour);
 
-    const Tokens &m_tokens;
+    const DateTimeTokens &m_tokens;
     std::size_t m_at = 0;
 };
 
@@ -182,7 +122,7 @@ std::optional<int> Reader::ReadTime()
 int FullYear(const Token &year)
 {
     if (year.text.size() > 2)
-        return year.text.size() == kMaxDigits ? year.number : 0;
+        return year.text.size() == kMostDigits ? year.number : 0;
     return year.number < kFirstYearOf1900s ? 2000 + year.number : 1900 + year.number;
 }
 
@@ -207,7 +147,7 @@ std::optional<QDate> NamedDate(const std::vector<Token> &parts, int currentYear)
     const Token &last = parts[2];
     if (last.kind != Token::Kind::Number)
         return std::nullopt;
-    if (first.text.size() == kMaxDigits)
+    if (first.text.size() == kMostDigits)
         return last.text.size() > 2 ? std::nullopt : ValidDate(first.number, month, last.number);
     return ValidDate(FullYear(last), month, first.number);
 }
@@ -215,7 +155,7 @@ std::optional<QDate> NamedDate(const std::vector<Token> &parts, int currentYear)
 /// "11/5/2019", "2019-11-05", and where the first number cannot be a month, "20/11/2019".
 std::optional<QDate> NumberedDate(const std::vector<Token> &parts, int currentYear)
 {
-    if (parts.size() == 3 && parts[0].text.size() == kMaxDigits)
+    if (parts.size() == 3 && parts[0].text.size() == kMostDigits)
         return ValidDate(parts[0].number, parts[1].number, parts[2].number);
     if (parts[0].text.size() > 2 || parts[1].text.size() > 2)
         return std::nullopt;
@@ -231,7 +171,7 @@ std::optional<QDate> Reader::ReadDate(int currentYear)
     bool named = false;
     bool comma = false;
     bool separated = false; // a separator that the next part must follow
-    while (parts.size() < 3 && !AtEnd() && !AtTime()) {
+    while (parts.size() < 3 && !AtEnd() && !AtTime() && !AtCommaAndTime()) {
         const Token &token = m_tokens[m_at];
         if (token.kind == Token::Kind::Separator) {
             if (separated || parts.empty() || !(token.Is(u'/') || token.Is(u'-') || token.Is(u',')))
@@ -262,7 +202,7 @@ QString TimeText(qint64 secondOfDay)
 
 std::optional<Moment> ParseDateTime(QStringView text, int currentYear)
 {
-    const std::optional<Tokens> tokens = Tokenize(text);
+    const std::optional<DateTimeTokens> tokens = TokenizeDateTime(text);
     if (!tokens || tokens->empty())
         return std::nullopt;
 
@@ -276,6 +216,8 @@ std::optional<Moment> ParseDateTime(QStringView text, int currentYear)
     const std::optional<QDate> date = reader.ReadDate(currentYear);
     if (!date)
         return std::nullopt;
+    if (reader.AtCommaAndTime())
+        reader.SkipComma();
     if (!time && reader.AtTime() && !(time = reader.ReadTime()))
         return std::nullopt;
     if (!reader.AtEnd())
@@ -301,7 +243,7 @@ QString DateTimeText(Moment moment)
 
     const QDate date = QDate::fromJulianDay(kFirstJulianDay + day);
     const QString text = QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/'
-                       + QString::number(date.year()).rightJustified(kMaxDigits, u'0');
+                       + QString::number(date.year()).rightJustified(kMostDigits, u'0');
     return second == 0 ? text : text + u' ' + TimeText(second);
 }
 
@@ -309,5 +251,5 @@ Moment ToMoment(const QDateTime &dateTime)
 {
     const qint64 milliseconds = dateTime.time().msecsSinceStartOfDay();
     const qint64 day = dateTime.date().toJulianDay() - kFirstJulianDay;
-    return Moment{day * kSecondsPerDay + (milliseconds + 500) / 1000};
+    return Moment{day * kSecondsPerDay + milliseconds / 1000};
 }

@@ -16,8 +16,8 @@ struct Moment
 };
 
 /// The moment that `text` denotes as US English date-time text: "11/5/2019 9:07 PM",
-/// "2019-11-05 21:07", "5-Nov-2019", "9:07PM" and their likes; month names in English whatever the
-/// system's language.
+/// "2019-11-05 21:07", "Nov 5, 2019, 9:07 PM", "5-Nov-2019", "9:07PM" and their likes; month names
+/// in English whatever the system's language.
 ///
 /// @param currentYear stands in where day and month come without a year.
 /// @return nothing when the text is none, such as ISO texts with a "T", zones or week days.
@@ -31,5 +31,6 @@ struct Moment
 /// without one.
 [[nodiscard]] QString DateTimeText(Moment moment);
 
-/// The clock's `dateTime` as a moment, rounded to the nearest second.
+/// The clock's `dateTime` as a moment, cut to whole seconds: no second, and no day, is told before
+/// it has come.
 [[nodiscard]] Moment ToMoment(const QDateTime &dateTime);

@@ -1,5 +1,6 @@
 #include "weather/format_string.h"
 
+#include "core/text.h"
 #include "core/trace.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ QString FormatString(QStringView text, QStringView picture)
         if (f == u'X')
             result.append(t);
         else if (f == u'#' || f == u'0')
-            result.append(t >= u'0' && t <= u'9' ? t : QChar(u'0'));
+            result.append(IsDigit(t) ? t : QChar(u'0'));
         else if (f != u'?')
             result.append(f);
     }

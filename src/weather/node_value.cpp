@@ -4,6 +4,7 @@
 #include "core/number_picture.h"
 #include "core/text.h"
 #include "core/trace.h"
+#include "core/value_texts.h"
 #include "weather/date_time_text.h"
 #include "weather/format_string.h"
 #include "weather/utc_to_local.h"
@@ -146,7 +147,7 @@ Extract UpToClosing(QStringView text, const NodeQuery &query)
     const qsizetype close = IndexOf(text, query.closeTag);
     Trace(u"nodeClosePos=", close + 1);
     if (close < 0) {
-        // The line says otherwise, but what follows the opening tag stays as it is.
+        // Despite what the trace line says, everything after the opening tag is kept.
         Trace(u"...since nodeClosePos = 0, so I must not have found the close so the string is "
               u"empty");
         return {text, false};

@@ -4,11 +4,6 @@
 #include <QString>
 #include <QStringView>
 
-/// What a quantity reads when it could not be obtained, and when the profile declares that its
-/// service does not deliver it.
-inline constexpr QStringView kNotAvailable = u"N/A";
-inline constexpr QStringView kNotAvailableFromService = u"Not Available From Service";
-
 /// Where one value stands in a service reply and how it is dressed for display.
 ///
 /// All members are views: the profile that owns the texts must outlive the call. Only the closing
@@ -40,8 +35,7 @@ struct NodeQuery
 /// look-outs for tabs in a page of megabytes would cost more than the search itself.
 [[nodiscard]] QString GetNodeValueWithoutTabs(QStringView data, const NodeQuery &query);
 
-/// Where the tags of one quantity stand, looked at with the care that GetNodeValue() deliberately
-/// lacks.
+/// Where the tags of one quantity are. Unlike in GetNodeValue(), a missing tag is detected.
 struct NodePlace
 {
     qsizetype open = -1;   ///< Index of the opening tag in the data; -1: not found.
@@ -50,5 +44,7 @@ struct NodePlace
                            ///< spaces; empty unless both were found. A view of the data.
 };
 
-/// Finds the tags of `query` in `data`. The closing tag counts behind the opening tag and prefix.
+/// Finds the tags of `query` in `data`. The closing tag counts after the opening tag and prefix.
+/// Like GetNodeValue() it resolves `query.closeTag` in place, and so changes the profile that the
+/// tag belongs to.
 [[nodiscard]] NodePlace FindNode(QStringView data, const NodeQuery &query);

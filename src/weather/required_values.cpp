@@ -1,5 +1,6 @@
 #include "weather/required_values.h"
 
+#include "core/text.h"
 #include "weather/node_value.h"
 
 #include <algorithm>
@@ -14,15 +15,15 @@ bool IsText(Quantity quantity)
 
 bool HoldsDigit(QStringView text)
 {
-    return std::ranges::any_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return std::ranges::any_of(text, IsDigit);
 }
 
 bool IsThere(WeatherProfile &profile, QStringView stem, QStringView working)
 {
-    const auto found = std::ranges::find(kQuantityStems, stem);
-    if (found == kQuantityStems.end())
+    const auto found = std::ranges::find(kQuantities, stem, &QuantityRow::stem);
+    if (found == kQuantities.end())
         return false; // a stem that no quantity has can never be satisfied
-    const auto quantity = static_cast<Quantity>(found - kQuantityStems.begin());
+    const Quantity quantity = found->quantity;
     QuantityTags &tags = profile[quantity];
     const NodePlace place =
         FindNode(working, {.openTag = tags.Open, .closeTag = tags.Close, .prefix = tags.Prefix});

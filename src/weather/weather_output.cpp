@@ -2,7 +2,7 @@
 
 #include "core/number.h"
 #include "core/text.h"
-#include "weather/node_value.h"
+#include "core/value_texts.h"
 
 #include <array>
 #include <cmath>
@@ -21,56 +21,40 @@ QString DisplayedExtreme(const QString &value)
     return shown ? value : kNotAvailable.toString();
 }
 
-struct OutputKey
-{
-    QStringView key = {};
-    QString WeatherValues::*value = nullptr;
-};
+/// The keys after the credit lines, in the order of the file.
+constexpr std::array kOutputOrder{Quantity::Location,   Quantity::Temperature, Quantity::Conditions,
+                                  Quantity::WindSpeed,  Quantity::AtmosPress,  Quantity::Humidity,
+                                  Quantity::DewPoint,   Quantity::WindChill,   Quantity::HeatIndex,
+                                  Quantity::Visibility, Quantity::Sunrise,     Quantity::Sunset,
+                                  Quantity::MinTemp,    Quantity::MaxTemp};
 
-constexpr OutputKey kTime{u"TIME", &WeatherValues::timeValue};
-
-/// The keys behind the credit lines, in the order of the file. The precipitation is deliberately
-/// not among them.
-constexpr std::array<OutputKey, 14> kOutputKeys{{
-    {u"CITY", &WeatherValues::locationValue},
-    {u"TEMP", &WeatherValues::temperatureValue},
-    {u"CONDITIONS", &WeatherValues::conditionsValue},
-    {u"WINDS", &WeatherValues::windSpeedDirValue},
-    {u"PRESSURE", &WeatherValues::atmosPressValue},
-    {u"HUMIDITY", &WeatherValues::humidityValue},
-    {u"DEWPOINT", &WeatherValues::dewPointValue},
-    {u"WINDCHILL", &WeatherValues::windchillValue},
-    {u"HEATINDEX", &WeatherValues::heatindexValue},
-    {u"VISIBILITY", &WeatherValues::visibilityValue},
-    {u"SUNRISE", &WeatherValues::sunriseValue},
-    {u"SUNSET", &WeatherValues::sunsetValue},
-    {u"PREVMIN", &WeatherValues::minTempValue},
-    {u"PREVMAX", &WeatherValues::maxTempValue},
-}};
+static_assert(NamesEachOnce(kOutputOrder, [](const QuantityRow &row) {
+    return !row.outputKey.isEmpty() && row.quantity != Quantity::Time; // which comes first
+}));
 
 } // namespace
 
 WeatherValues DisplayedValues(const WeatherValues &values)
 {
     WeatherValues shown = values;
-    shown.minTempValue = DisplayedExtreme(values.minTempValue);
-    shown.maxTempValue = DisplayedExtreme(values.maxTempValue);
+    for (const Quantity extreme : {Quantity::MinTemp, Quantity::MaxTemp})
+        shown[extreme] = DisplayedExtreme(values[extreme]);
     return shown;
 }
 
-void SaveWeatherData(const IniPath &file, const WeatherValues &shown, const WeatherProfile *profile,
-                     int year)
+IniPatch WeatherPatch(const IniPath &file, const WeatherValues &shown,
+                      const WeatherProfile *profile, int year)
 {
-    IniFile output(file);
-    const auto write = [&](const OutputKey &key) {
-        WriteIniValue(output, kSection, key.key, shown.*key.value, true);
+    IniPatch patch{.file = file};
+    const auto put = [&patch](QStringView key, const QString &value) {
+        patch.values.append({kSection.toString(), key.toString(), value});
     };
-    write(kTime);
+    put(RowOf(Quantity::Time).outputKey, shown[Quantity::Time]);
     if (profile != nullptr) {
-        WriteIniValue(output, kSection, u"COPYRIGHT", WithYear(profile->copyright, year), true);
-        WriteIniValue(output, kSection, u"COPYRIGHTURL", profile->copyrightURL, true);
+        put(u"COPYRIGHT", WithYear(profile->copyright, year));
+        put(u"COPYRIGHTURL", profile->copyrightURL);
     }
-    for (const OutputKey &key : kOutputKeys)
-        write(key);
-    output.Commit();
+    for (const Quantity quantity : kOutputOrder)
+        put(RowOf(quantity).outputKey, shown[quantity]);
+    return patch;
 }

@@ -23,9 +23,8 @@ QString RequestAddress(const WeatherProfile &profile, const QString &port)
 
 bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
                            TransferHandle &WeatherThreadHandle, HttpTransfers &http,
-                           StatusLine &status, const std::function<void()> &startIconAnimation)
+                           StatusLine &status)
 {
-    startIconAnimation();
     if (profile == nullptr || profile->baseURL.isEmpty())
         return false;
 
@@ -35,7 +34,7 @@ bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
     if (WeatherThreadHandle == 0) {
         const QString where = " on port "_L1 + port + " for current weather"_L1;
         Trace(u"Unable to open HTTP handle", where);
-        status.SetStatus("Unable to open request"_L1 + where); // worded differently on purpose
+        status.SetStatus("Unable to open request"_L1 + where); // users do not know handles
         return false;
     }
 

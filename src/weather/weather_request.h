@@ -6,8 +6,6 @@
 
 #include <QString>
 
-#include <functional>
-
 /// The address that `profile` asks: its template with "%PORT%" and "%LOC1%".."%LOC4%" filled.
 [[nodiscard]] QString RequestAddress(const WeatherProfile &profile, const QString &port);
 
@@ -15,10 +13,8 @@
 /// runs is given up. Reports on `status` what it does.
 ///
 /// @param WeatherThreadHandle the transfer so far, 0 for none; becomes the new one.
-/// @param startIconAnimation  called first, whatever comes of the request.
 /// @return true when the transfer was started. False without any further change or message when
 ///         the profile (null: none is selected) has no address.
 [[nodiscard]] bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
                                          TransferHandle &WeatherThreadHandle, HttpTransfers &http,
-                                         StatusLine &status,
-                                         const std::function<void()> &startIconAnimation);
+                                         StatusLine &status);

@@ -1,5 +1,6 @@
 #include "zones/frm_find_noaa_zones.h"
 
+#include "controls/control.h"
 #include "controls/elided_label.h"
 #include "controls/tool_tip.h"
 #include "core/state_tables.h"
@@ -58,7 +59,7 @@ void frmFindNOAAZones::ConnectControls()
     connect(lstZoneCodes, &QListWidget::itemDoubleClicked, this,
             &frmFindNOAAZones::btnSelect_Click);
 
-    // Not the list's "activated": on some desktops a single click is one.
+    // Not the list's "activated": on some desktops a single click activates.
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto *enter = new QShortcut(key, lstZoneCodes); // owned by the list
         enter->setContext(Qt::WidgetShortcut);
@@ -82,7 +83,7 @@ void frmFindNOAAZones::Form_Load()
 
 void frmFindNOAAZones::Form_Unload()
 {
-    // Once: after this one's end another dialog may be open, and the flag that one's.
+    // Only once: after this dialog's end another may be open, and the flag is then that one's.
     if (std::exchange(m_loaded, false))
         ZoneFinderOpen = false;
 }
@@ -184,10 +185,10 @@ void frmFindNOAAZones::RetrievalEnded(ZoneListEnd end)
     btnCancel->setEnabled(true);
     switch (end) {
     case ZoneListEnd::Cancelled:
-        close(); // deletes the dialog later: the retrieval is still on its way out
+        close(); // deletes the dialog later: this is still a call from the retrieval
         return;
     case ZoneListEnd::ListFailed:
-        // The entry is a message: nobody shall take it for a zone and put it on air.
+        // The entry is a message, which must not be selected as a zone and go on air.
         if (QListWidgetItem *message = lstZoneCodes->item(lstZoneCodes->count() - 1))
             message->setFlags(Qt::ItemIsEnabled);
         btnSelect->setEnabled(false);
@@ -214,7 +215,8 @@ void frmFindNOAAZones::EnableFinderControls(bool enabled)
 
 void frmFindNOAAZones::GiveFocusBack()
 {
-    // During the retrieval only Cancel could have it, where Enter would now close the dialog.
+    // During the retrieval only Cancel could have the focus, and there Enter would now close the
+    // dialog.
     if (lstZoneCodes->count() > 0)
         txtSearch->setFocus();
     else
@@ -277,7 +279,7 @@ QStringList frmFindNOAAZones::Entries() const
 
 int frmFindNOAAZones::SelectedEntry() const
 {
-    // Not the current row, which a list without a selection has too once it had the focus.
+    // Not the current row: once it had the focus, a list has one even without a selection.
     const QList<QListWidgetItem *> selected = lstZoneCodes->selectedItems();
     return selected.isEmpty() ? -1 : lstZoneCodes->row(selected.front());
 }

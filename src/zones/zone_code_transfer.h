@@ -7,16 +7,16 @@
 
 #include <optional>
 
-// The end of a transfer of zone codes in the background. Nothing in the program starts one; whoever
-// sets the handle gets this answer.
+// The end of a background transfer of zone codes. The program itself starts none, but answers one
+// whose handle has been set.
 
-/// Takes the text of the transfer, which has ended, and closes it. Reports on `status`.
+/// Takes the text of the completed transfer and closes the transfer. Reports on `status`.
 ///
-/// @param ZoneCodeThreadHandle set to 0; when it is 0 nothing happens.
-/// @return the text, for `txtZonesTest` of an open zone finder; nothing when the transfer failed.
+/// @param ZoneCodeThreadHandle set to 0; if it is 0 already, nothing happens.
+/// @return the text, for `txtZonesTest` of an open zone finder; nothing if the transfer failed.
 [[nodiscard]] std::optional<QString> ReceiveZoneCodes(TransferHandle &ZoneCodeThreadHandle,
                                                       HttpTransfers &http, StatusLine &status);
 
-/// Looks whether the transfer has ended, and if so receives its text as above.
+/// If the transfer has ended, receives its text as above.
 [[nodiscard]] std::optional<QString> CheckZoneCodeTransfer(TransferHandle &ZoneCodeThreadHandle,
                                                            HttpTransfers &http, StatusLine &status);

@@ -2,7 +2,9 @@
 
 #include "controls/control.h"
 #include "controls/elided_label.h"
+#include "controls/grid.h"
 #include "controls/tool_tip.h"
+#include "core/twips.h"
 #include "zones/zone_list_box.h"
 
 #include <QBoxLayout>
@@ -20,9 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kInset = Twips(120); // from the edges of the window
-constexpr int kGap = 6;
-constexpr int kTitleGap = 3;
-constexpr int kBlockGap = 10;
 constexpr int kStatesShown = 20;
 
 } // namespace
@@ -32,7 +31,7 @@ void ZoneFinderControls::Build(QWidget *window)
     BuildState(window);
     BuildSearch(window);
     lblZoneFiles = MakeControl<ElidedLabel>(window, u"lblZoneFiles"_s, 1);
-    lblZoneFiles->SetElideMode(Qt::ElideMiddle); // an address is told by its end
+    lblZoneFiles->SetElideMode(Qt::ElideMiddle); // an address is recognised by its end
     btnSelect = MakeButton(window, u"btnSelect"_s, u"S&elect"_s);
     btnSelect->setEnabled(false); // until there is something to select
     btnCancel = MakeButton(window, u"btnCancel"_s, u"&Cancel"_s);

@@ -12,22 +12,23 @@ class QPushButton;
 class QWidget;
 class ZoneListBox;
 
-/// The controls of the zone finder. All of them belong to its window.
+/// The controls of the zone finder. Its window owns all of them.
 struct ZoneFinderControls
 {
+    /// Makes all controls and sets the order of the Tab key. Call it once, before any is used.
     void Build(QWidget *window);
 
-    /// Fits them into the window: the list takes the room that the others leave.
+    /// Fits them into the window: the list takes the space that the others leave.
     void Place(const QWidget &window) const;
 
-    QWidget *frmState = nullptr; ///< What stands above the list; no frame is drawn.
+    QWidget *frmState = nullptr; ///< The controls above the list; no frame is drawn.
     QComboBox *cboState = nullptr;
     QPushButton *btnNOAAZonesGetList = nullptr;
     QLabel *lblProgress = nullptr; ///< Hidden outside a retrieval.
 
     ZoneListBox *lstZoneCodes = nullptr;
 
-    QWidget *frmSearch = nullptr; ///< What stands below the list; no frame is drawn.
+    QWidget *frmSearch = nullptr; ///< The controls below the list; no frame is drawn.
     QLineEdit *txtSearch = nullptr;
     QPushButton *btnSearch = nullptr;
 

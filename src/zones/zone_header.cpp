@@ -9,13 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lines of a text, one after the other. A text has one line more than line ends.
+/// The lines of a text, one after another. A text has one more line than it has line ends.
 class Lines
 {
 public:
     explicit Lines(QStringView text) : m_rest(text) {}
 
-    /// @return nothing behind the last line.
+    /// @return nothing after the last line.
     [[nodiscard]] std::optional<QStringView> Next()
     {
         if (m_ended)
@@ -38,7 +38,7 @@ bool BeginsWithZone(QStringView line, const QString &zone)
     return line.first(std::min(line.size(), zone.size())).toString().toUpper().startsWith(zone);
 }
 
-/// The first line behind the one that begins with `zone`.
+/// The first line after the one that begins with `zone`.
 std::optional<QStringView> FirstNameLine(Lines &lines, const QString &zone)
 {
     while (const std::optional<QStringView> line = lines.Next()) {
@@ -48,10 +48,10 @@ std::optional<QStringView> FirstNameLine(Lines &lines, const QString &zone)
     return std::nullopt;
 }
 
-/// Whether a line ends the header, as the time of issue does, or an empty one.
+/// Whether a line ends the header: the time of issue or an empty line.
 bool EndsHeader(QStringView line)
 {
-    return line.isEmpty() || (line.front() >= u'0' && line.front() <= u'9');
+    return line.isEmpty() || IsDigit(line.front());
 }
 
 void AppendNames(QString &entry, QStringView line)

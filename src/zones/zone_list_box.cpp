@@ -11,8 +11,8 @@ namespace {
 constexpr qsizetype kLongestShown = 1000; // several times the longest real entry
 constexpr int kLineGap = 3;
 
-/// Paints entries in one line and, of a file that is no zone's, only as much as can be laid out in
-/// no time.
+/// Paints each entry on one line. Of a file that is not a zone's it paints only as much as can be
+/// laid out instantly.
 class EntryPainter final : public QStyledItemDelegate
 {
 public:
@@ -36,7 +36,7 @@ public:
 ZoneListBox::ZoneListBox(QWidget *parent) : WithFocusFrame(parent)
 {
     setItemDelegate(new EntryPainter(this)); // owned by the list
-    setTextElideMode(Qt::ElideNone);         // long entries are scrolled
+    setTextElideMode(Qt::ElideNone);         // long entries scroll instead
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTabKeyNavigation(false);
 }

@@ -4,8 +4,8 @@
 
 #include <QListWidget>
 
-/// The list of the zones that were found. Shows each entry in one line, whatever a file put into
-/// it, and while it is empty a hint how to fill it.
+/// The list of zones found. Shows each entry on one line, whatever a file put into it, and while
+/// empty a hint how to fill it.
 class ZoneListBox final : public WithFocusFrame<QListWidget>
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNotStarted = 2; // the blocking fetch's number where transfers cannot be had at all
+constexpr int kNotStarted = 2; // the blocking fetch's number for "no transfers at all"
 constexpr double kPercent = 100;
 
 /// "33.3%  (1 of 3)"
@@ -75,13 +75,13 @@ bool ZoneListRetrieval::Advance()
     case Step::Idle:
         return false;
     case Step::AwaitList:
-        return TakeList();
+        return PollList();
     case Step::ReadList:
         return ReadList();
     case Step::BeginFile:
         return BeginFile();
     case Step::AwaitFile:
-        return TakeFile();
+        return PollFile();
     case Step::ReadFile:
         return ReadFile();
     case Step::Finish:
@@ -90,9 +90,9 @@ bool ZoneListRetrieval::Advance()
     return false;
 }
 
-bool ZoneListRetrieval::TakeList()
+bool ZoneListRetrieval::PollList()
 {
-    const std::optional<Page> page = TakePage();
+    const std::optional<Page> page = PollPage();
     if (!page)
         return false;
     const QString failure = "Error retrieving "_L1 + m_listUrl;
@@ -136,9 +136,9 @@ bool ZoneListRetrieval::BeginFile()
     return true;
 }
 
-bool ZoneListRetrieval::TakeFile()
+bool ZoneListRetrieval::PollFile()
 {
-    std::optional<Page> page = TakePage();
+    std::optional<Page> page = PollPage();
     if (!page)
         return false;
     if (page->received) {
@@ -146,7 +146,7 @@ bool ZoneListRetrieval::TakeFile()
         m_text = std::move(page->text);
         m_step = Step::ReadFile;
     } else {
-        m_view.SetZoneFiles("No Zone Data Received:"_L1 + FileUrl()); // no blank, on purpose
+        m_view.SetZoneFiles("No Zone Data Received:"_L1 + FileUrl()); // no blank after it
         ++m_file;
         m_step = Step::BeginFile;
     }
@@ -190,7 +190,7 @@ void ZoneListRetrieval::Fetch(const QString &url)
 {
     if (m_cancelRequested)
         return;
-    // A handle that cannot be had counts as a transfer that failed, as one does that is refused.
+    // A handle that cannot be opened counts as a failed transfer, and so does one that is refused.
     const TransferHandle handle = m_http.Net_HTTPThreadOpen(u"80"_s);
     if (handle != 0)
         m_http.Net_HTTPThreadGet(handle, url);
@@ -205,7 +205,7 @@ void ZoneListRetrieval::FetchAhead()
         Fetch(m_listUrl + m_fileNames.at(m_next++));
 }
 
-std::optional<ZoneListRetrieval::Page> ZoneListRetrieval::TakePage()
+std::optional<ZoneListRetrieval::Page> ZoneListRetrieval::PollPage()
 {
     if (m_transfers.empty()) // cancelled
         return Page{.errorNumber = kNotStarted};
@@ -215,7 +215,7 @@ std::optional<ZoneListRetrieval::Page> ZoneListRetrieval::TakePage()
     Page page;
     page.received = m_http.Net_HTTPThreadReturnText(handle, page.text) > 0;
     if (!page.received)
-        page.errorNumber = handle == 0 ? kNotStarted : m_http.ErrorNumber(handle);
+        page.errorNumber = handle == 0 ? kNotStarted : m_http.Net_HTTPThreadReply(handle).error;
     m_http.Net_HTTPThreadClose(handle);
     m_transfers.pop_front();
     return page;

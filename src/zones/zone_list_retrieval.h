@@ -13,13 +13,13 @@
 /// How a retrieval ended.
 enum class ZoneListEnd
 {
-    Completed,  ///< All files were looked at, whatever they held.
-    ListFailed, ///< There is no list of files; an entry and `lblZoneFiles` tell.
+    Completed,  ///< All files were processed, whatever they contained.
+    ListFailed, ///< There is no list of files; an entry and `lblZoneFiles` say so.
     Broken,     ///< Silently: no state is selected, or a file is not what its name says.
     Cancelled,
 };
 
-/// What a retrieval shows. None of the calls may destroy the retrieval, except RetrievalEnded().
+/// Shows the progress of a retrieval. No call except RetrievalEnded() may destroy the retrieval.
 class ZoneListView
 {
 public:
@@ -34,15 +34,15 @@ public:
     virtual void AddEntry(const QString &entry) = 0;             ///< `lstZoneCodes`
 
     /// The retrieval is over and will not call again. After ListFailed `btnSelect` is disabled,
-    /// after Cancelled the dialog closes; after all but Cancelled the controls are given back.
+    /// after Cancelled the dialog closes; after all but Cancelled the controls are enabled again.
     virtual void RetrievalEnded(ZoneListEnd end) = 0;
 };
 
-/// Fetches the list of a state's zone files and of each file its entry, without ever waiting.
+/// Fetches the list of a state's zone files and the entry from each file, without ever waiting.
 ///
-/// To the user and to the view it is as if one file were fetched after the other: labels, entries
-/// and counts come in the order of the list. Behind that up to kMostTransfers files are on their
-/// way at the same time. It moves only in Start(), Poll() and Cancel(); the dialog polls it every
+/// To the user and the view, files appear to be fetched one after another: labels, entries and
+/// counts come in list order. Behind the scenes up to kMostTransfers files are in transfer at a
+/// time. It advances only in Start(), Poll() and Cancel(); the dialog polls it every
 /// kPollInterval. Destroying it ends its transfers.
 class ZoneListRetrieval
 {
@@ -50,22 +50,23 @@ public:
     static constexpr std::size_t kMostTransfers = 6;
     static constexpr std::chrono::milliseconds kPollInterval{10};
 
-    /// All three outlive the retrieval.
+    /// All three must outlive the retrieval.
     ZoneListRetrieval(HttpTransfers &http, const Clock &clock, ZoneListView &view);
     ~ZoneListRetrieval();
     Q_DISABLE_COPY_MOVE(ZoneListRetrieval)
 
-    /// Begins to retrieve the list of a state. One that runs already goes on instead.
-    /// @param host      scheme and host, no slash at the end.
+    /// Starts retrieving the list of a state. If a retrieval is running, it continues instead.
+    /// @param host      scheme and host, without a trailing slash.
     /// @param stateCode in any case; empty (none is selected) ends the retrieval at once.
     void Start(const QString &host, const QString &stateCode);
 
-    /// Goes on as far as transfers have ended.
+    /// Advances as far as transfers have ended.
     void Poll();
 
-    /// Breaks off the transfers; the next Poll() ends the retrieval.
+    /// Aborts the transfers; the next Poll() ends the retrieval.
     void Cancel();
 
+    /// True from Start() until just before RetrievalEnded() is called.
     [[nodiscard]] bool Retrieving() const { return m_step != Step::Idle; }
 
 private:
@@ -80,29 +81,29 @@ private:
         Finish,
     };
 
-    /// What a transfer brought.
+    /// The outcome of a transfer.
     struct Page
     {
         bool received = false;
-        int errorNumber = 0; ///< Not 0 when it was not received.
+        int errorNumber = 0; ///< Not 0 if it was not received.
         QString text = {};
     };
 
     /// Does one step.
-    /// @return true when the next one can follow at once. False behind the end too, when `this` may
-    ///         be gone.
+    /// @return true if the next one can follow at once. False after the end too, when `this` may
+    ///         no longer exist.
     [[nodiscard]] bool Advance();
-    [[nodiscard]] bool TakeList();
+    [[nodiscard]] bool PollList();
     [[nodiscard]] bool ReadList();
     [[nodiscard]] bool BeginFile();
-    [[nodiscard]] bool TakeFile();
+    [[nodiscard]] bool PollFile();
     [[nodiscard]] bool ReadFile();
     [[nodiscard]] bool Finish();
     [[nodiscard]] bool End(ZoneListEnd end);
 
     void Fetch(const QString &url);
     void FetchAhead();
-    [[nodiscard]] std::optional<Page> TakePage();
+    [[nodiscard]] std::optional<Page> PollPage();
     void CloseTransfers();
     [[nodiscard]] QString FileUrl() const;
 
@@ -117,7 +118,7 @@ private:
     QString m_listUrl;    ///< With a slash at its end.
     QStringList m_fileNames;
     qsizetype m_file = 0;                   ///< The one whose turn it is.
-    qsizetype m_next = 0;                   ///< The first that has not been asked for.
-    QString m_text;                         ///< What has been received and is to be read.
-    std::deque<TransferHandle> m_transfers; ///< In order; the front one's turn it is. May hold 0.
+    qsizetype m_next = 0;                   ///< The first that has not been requested.
+    QString m_text;                         ///< Received, still to be read.
+    std::deque<TransferHandle> m_transfers; ///< In order; it is the front one's turn. May hold 0.
 };

@@ -11,8 +11,8 @@ namespace {
 
 constexpr QStringView kRowMarker = u"<tr><td><a href=\"";
 constexpr QStringView kEndMarker = u".txt\">";
-constexpr qsizetype kExtensionLength = 4; // of the end marker, this much belongs to the name
-// Where the end marker may stand, counted from 1.
+constexpr qsizetype kExtensionLength = 4; // this much of the end marker belongs to the name
+// Where the end marker may be, counted from 1.
 constexpr qsizetype kShortestEnd = 3;
 constexpr qsizetype kLongestEnd = 15;
 
@@ -21,14 +21,14 @@ constexpr std::array<QStringView, 12> kMonths{u"Jan", u"Feb", u"Mar", u"Apr", u"
 
 using Dates = std::array<QString, 4>;
 
-/// The dates of files that count, the likeliest first.
+/// The dates of the files that count, the most likely first.
 Dates AcceptedDates(QDate today)
 {
     return {ListingDate(today), ListingDate(today.addDays(-1)), ListingDate(today.addDays(-2)),
             ListingDate(today.addDays(1))};
 }
 
-/// The file name at the front of one row; empty when the row does not count.
+/// The file name at the front of one row; empty if the row does not count.
 QStringView FileName(QStringView row, const QString &prefix, const Dates &dates)
 {
     const qsizetype start = row.indexOf(prefix) + 1;
@@ -62,7 +62,7 @@ QStringList ZoneFileNames(QStringView listing, const QString &state, QDate today
     const Dates dates = AcceptedDates(today);
     QStringList names;
     for (qsizetype from = 0; from >= 0;) {
-        // What stands ahead of the first marker counts as a row as well.
+        // The text before the first marker counts as a row too.
         const qsizetype marker = listing.indexOf(kRowMarker, from);
         const QStringView row =
             marker < 0 ? listing.sliced(from) : listing.sliced(from, marker - from);

@@ -1,9 +1,9 @@
 #include "demo_host/json_replies.h"
 #include "demo_host/text_replies.h"
 #include "profiles/profile_file.h"
-#include "support/fake_weather_data_host.h"
 #include "support/qt_printers.h"
-#include "weather/weather_data.h"
+#include "support/read_weather.h"
+#include "weather/weather_reading.h"
 
 #include <QUrl>
 #include <QUrlQuery>
@@ -48,13 +48,12 @@ TEST(ShippedProfiles, AllReadTheDemoHost)
             continue;
         SCOPED_TRACE(profile.title.toStdString());
         ++used;
-        FakeWeatherDataHost host;
 
-        EXPECT_TRUE(ParseWeatherData(&profile, DemoReply(profile.baseURL), kNow, host));
+        EXPECT_TRUE(ReadInto(&profile, DemoReply(profile.baseURL), kNow).taken);
 
         const bool fahrenheit = profile[Quantity::Temperature].Units == " F";
-        EXPECT_EQ(profile.values.temperatureValue, fahrenheit ? "53.6 F" : "12.0 C");
-        EXPECT_EQ(profile.values.humidityValue, "67%");
+        EXPECT_EQ(profile.values[Quantity::Temperature], fahrenheit ? "53.6 F" : "12.0 C");
+        EXPECT_EQ(profile.values[Quantity::Humidity], "67%");
     }
     EXPECT_GT(used, 0);
 }

@@ -37,6 +37,8 @@ QProcessEnvironment Desktop::Environment() const
     environment.insert("DISPLAY", screen.Name());
     environment.insert("DBUS_SESSION_BUS_ADDRESS",
                        m_isBusHidden ? u"unix:path=/dev/null"_s : bus.Address());
+    if (!m_sessionManager.isEmpty())
+        environment.insert("SESSION_MANAGER", m_sessionManager);
     environment.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     return environment;
 }

@@ -25,6 +25,9 @@ public:
     /// seen then, only the windows themselves.
     void HideBus() { m_isBusHidden = true; }
 
+    /// From now on programs are started in the session that this one manages.
+    void UseSessionManager(const QString &address) { m_sessionManager = address; }
+
     /// What a program on this desktop is started with.
     [[nodiscard]] QProcessEnvironment Environment() const;
 
@@ -39,7 +42,8 @@ public:
 
 private:
     bool m_isBusHidden = false;
-    QTemporaryDir m_folder; // first: it goes last, when nobody uses it any more
+    QString m_sessionManager; ///< Empty: none.
+    QTemporaryDir m_folder;   // first: it goes last, when nobody uses it any more
 
 public:
     MessageBus bus;

@@ -6,6 +6,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <memory>
 
 using namespace std::chrono_literals;
@@ -49,6 +53,7 @@ private Q_SLOTS:
     void writesNothingWithoutATemperature();
     void runsASessionOnce();
     void startsBehindAKilledCopy();
+    void goesOnWhenNobodyReadsItsTraceAnyMore();
 
 private:
     [[nodiscard]] QString Path(const QString &name) const { return m_folder->filePath(name); }
@@ -222,6 +227,33 @@ void tst_end_to_end::startsBehindAKilledCopy()
     QCOMPARE(Files().filter("Weather").filter(".ini."),
              QStringList({"Weather.ini.backup", "Weather3.ini.TavrinWeather-1a2b.tmp"}));
     EndProgram();
+}
+
+void tst_end_to_end::goesOnWhenNobodyReadsItsTraceAnyMore()
+{
+    const OneReplyService service("at=14:05;t=-7;sky=b\xC3\xB6ig, klar;v=12.6;d=NNW;rh=90;\n",
+                                  "text/plain; charset=utf-8");
+    TakeProfiles("harbour_profiles.ini", service.Address());
+    Write(Path("TavrinWeatherSettings3.ini"), Expected("harbour_settings_before.ini"));
+    const QByteArray pipe = QFile::encodeName(Path("trace.pipe"));
+    QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+    const int reader = ::open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    QVERIFY(reader >= 0);
+    auto environment = Environment();
+    environment.insert("TAVRIN_TRACE", "1");
+    m_program = std::make_unique<ChildProgram>(
+        "/bin/sh",
+        QStringList{"-c", R"(exec "$0" "$@" 2>trace.pipe)", TAVRIN_PROGRAM, "/SESSION=3"},
+        environment, m_folder->path());
+    char first = 0; // there is a trace
+    QTRY_VERIFY_WITH_TIMEOUT(::read(reader, &first, 1) == 1, kPatience);
+    ::close(reader);
+
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(Path("Weather3.ini")), kPatience);
+
+    QVERIFY(m_program->IsRunning());
+    EndProgram();
+    QCOMPARE(Bytes(Path("TavrinWeatherSettings3.ini")), Expected("harbour_settings3.ini"));
 }
 
 QTEST_GUILESS_MAIN(tst_end_to_end)

@@ -1,10 +1,10 @@
 #include "gui/layout_faults.h"
 
-#include "app/covering_frame.h"
-#include "app/profile_list.h"
-#include "app/tab_button.h"
-#include "app/value_box.h"
+#include "controls/choice_list.h"
+#include "controls/covering_frame.h"
 #include "controls/elided_label.h"
+#include "controls/tab_button.h"
+#include "controls/value_box.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -115,7 +115,7 @@ bool IsCutOff(const QWidget *control)
         return !Fits(button->sizeHint(), button->size());
     if (const auto *box = qobject_cast<const QLineEdit *>(control))
         return IsBoxCutOff(box);
-    if (const auto *list = qobject_cast<const ProfileList *>(control); list != nullptr) {
+    if (const auto *list = qobject_cast<const ChoiceList *>(control); list != nullptr) {
         if (!list->IsShownWhole() && !list->ToolTipText().contains(list->currentText()))
             return true;
     }

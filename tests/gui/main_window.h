@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/frm_main.h"
+#include "start/command_line.h"
 #include "support/fake_panel_icon.h"
 #include "support/fake_transfers.h"
 #include "support/fixed_clock.h"
+#include "support/open_station.h"
 
 #include <QFile>
 #include <QLabel>
@@ -16,19 +18,22 @@
 class MainWindow
 {
 public:
-    MainWindow() { state.files.folder = m_folder.path(); }
+    MainWindow() = default;
 
     /// With the test's own transfers instead.
-    explicit MainWindow(HttpTransfers &transfers) : platform{clock, transfers, panelIcon}
-    {
-        state.files.folder = m_folder.path();
-    }
+    explicit MainWindow(HttpTransfers &transfers) : platform{clock, transfers, panelIcon} {}
 
-    /// Makes the window and brings it up.
+    /// Makes the program and brings it up.
     std::optional<QString> Start(const QString &command = {})
     {
-        window = std::make_unique<frmMain>(state, platform, ask);
-        return window->Form_Load(command);
+        const CommandLine commandLine = ReadCommandLine(command.split(' '));
+        const ProgramFiles files{.folder = m_folder.path(),
+                                 .codePage = commandLine.codePage,
+                                 .SessionId = commandLine.sessionId};
+        window.reset(); // which has the station of before
+        station = std::make_unique<OpenStation>(files, clock, platform.http, writer, Owner::Window);
+        window = std::make_unique<frmMain>(*station, state, platform, ask);
+        return window->Form_Load(commandLine);
     }
 
     /// Ends the program and starts it again in the same folder.
@@ -36,10 +41,19 @@ public:
     {
         window->Unload(UnloadMode::Code);
         window.reset();
-        const QString folder = state.files.folder;
         state = {};
-        state.files.folder = folder;
         return Start(command);
+    }
+
+    /// Lets so much time pass for the timers that drive the station, in their order.
+    void PassSeconds(int seconds)
+    {
+        for (int i = 0; i < seconds; ++i) {
+            clock.AdvanceSeconds(1);
+            for (int poll = 0; poll < 4; ++poll)
+                window->tmrMain_Timer();
+            window->tmrWeatherCheck_Timer();
+        }
     }
 
     void Write(const QString &name, const QByteArray &bytes) const
@@ -58,7 +72,8 @@ public:
     /// The value of `key` as the program reads it.
     [[nodiscard]] QString Value(const QString &name, QStringView section, QStringView key) const
     {
-        return ReadIniValue(IniFile({Path(name), state.files.codePage}), section, key, u"missing");
+        return ReadIniValue(IniFile({Path(name), station->files.codePage}), section, key,
+                            u"missing");
     }
 
     [[nodiscard]] bool Exists(const QString &name) const { return QFile::exists(Path(name)); }
@@ -90,7 +105,8 @@ public:
     FixedClock clock{QDateTime(QDate(2026, 7, 4), QTime(10, 0))};
     FakeTransfers http;
     FakePanelIcon panelIcon;
-    ProgramState state;
+    DirectFileWriter writer;
+    WindowMemory state;
     Platform platform{clock, http, panelIcon};
     QStringList questions;
     bool answer = true;
@@ -98,6 +114,7 @@ public:
         questions.append(title + ": " + text);
         return answer;
     };
+    std::unique_ptr<OpenStation> station;
     std::unique_ptr<frmMain> window;
 
 private:

@@ -115,6 +115,24 @@ Fault Replies(const std::string &status, const std::string &page = {},
     };
 }
 
+/// The right answer with that status.
+Fault RepliesRight(const std::string &status)
+{
+    return [status](Connection &connection, const Request &request) {
+        connection.Reply(request.body, {}, status);
+    };
+}
+
+/// The first half of the right answer, as if a range had been asked for.
+void RepliesAPart(Connection &connection, const Request &request)
+{
+    const std::string half = HalfOf(request.body);
+    connection.Reply(half,
+                     "Content-Range: bytes 0-" + std::to_string(half.size() - 1) + "/"
+                         + std::to_string(request.body.size()) + "\r\n",
+                     "206 Partial Content");
+}
+
 void HasNoContent(Connection &connection, const Request & /*request*/)
 {
     connection.Send("HTTP/1.1 204 No Content\r\n\r\n");
@@ -365,6 +383,19 @@ std::vector<NetworkFault> FaultsOfTheStatus()
 {
     const QString refused = "Redirect to a refused address";
     return {
+        {.name = "203 of a proxy",
+         .act = RepliesRight("203 Non-Authoritative Information"),
+         .outcome = Outcome::Good},
+        {.name = "206 that nobody asked for",
+         .act = RepliesAPart,
+         .outcome = Outcome::Fails,
+         .number = 206,
+         .reason = "HTTP 206"},
+        {.name = "226 that nobody asked for",
+         .act = RepliesRight("226 IM Used"),
+         .outcome = Outcome::Fails,
+         .number = 226,
+         .reason = "HTTP 226"},
         Status("401", 401, "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n"),
         Status("403 with a page", 403, "403 Forbidden", "Content-Type: text/html\r\n"),
         Status("404", 404, "404 Not Found"),

@@ -1,11 +1,11 @@
-#include "app/long_text_box.h"
-#include "app/message_boxes.h"
-#include "app/unix_signals.h"
-#include "app/value_box.h"
 #include "controls/control.h"
 #include "controls/elided_label.h"
+#include "controls/long_text_box.h"
+#include "controls/message_boxes.h"
 #include "controls/tool_tip.h"
-#include "weather/weather_data.h"
+#include "controls/value_box.h"
+#include "start/unix_signals.h"
+#include "weather/raw_data_text.h"
 
 #include <QApplication>
 #include <QMessageBox>

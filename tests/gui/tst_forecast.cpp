@@ -1,4 +1,5 @@
-#include "app/long_text_box.h"
+#include "controls/long_text_box.h"
+#include "support/one_place.h"
 #include "support/recorded_trace.h"
 
 #include <QCheckBox>
@@ -6,7 +7,6 @@
 #include <QTest>
 
 #include "gui/main_window.h"
-#include "gui/one_place.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ private Q_SLOTS:
 private:
     void Receive(const QString &text)
     {
-        m->http.Finish(m->state.ForecastThreadHandle, text);
+        m->http.Finish(m->station->ForecastThreadHandle(), text);
         m->window->tmrMain_Timer();
     }
     [[nodiscard]] QString Shown() const { return m->Find<LongTextBox>("txtForecast")->Text(); }
@@ -80,8 +80,8 @@ void tst_Forecast::requestsFiveSecondsAfterTheStart()
     const QStringList requested{"open 80", "get " + kUrl};
     QCOMPARE(m->http.calls, requested);
     QCOMPARE(m->Text("lblStatus"), "Requesting Forecast...");
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
-    QCOMPARE(m->state.forecast.ForecastZoneCode, "MDZ011");
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
+    QCOMPARE(m->station->Forecast().ForecastZoneCode(), "MDZ011");
 }
 
 void tst_Forecast::requestsAtOnceWhenAsked()
@@ -92,7 +92,7 @@ void tst_Forecast::requestsAtOnceWhenAsked()
     QTest::mouseClick(m->Find<QPushButton>("btnGetForecast"), Qt::LeftButton);
 
     QCOMPARE(m->http.calls.last(), "get " + kUrl);
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
 }
 
 void tst_Forecast::refusesARequestWithoutBothCodes()
@@ -117,7 +117,7 @@ void tst_Forecast::reportsAPortThatCannotBeOpened()
     m->window->StartForecastRequest();
 
     QCOMPARE(m->Text("lblStatus"), "Unable to open HTTP handle on port x for forecast request");
-    QCOMPARE(m->state.ForecastThreadHandle, 0);
+    QCOMPARE(m->station->ForecastThreadHandle(), 0);
 }
 
 void tst_Forecast::showsAndSavesWhatItReceives()
@@ -135,7 +135,7 @@ void tst_Forecast::showsAndSavesWhatItReceives()
              "DATA=Southern[SP]Baltimore-[CR][LF]400[SP]AM[SP]EDT[SP]Sat[SP]Jul[SP]4[SP]2026"
              "[CR][LF][CR][LF][CR][LF]TODAY.[SP]Sunny.[CR][LF][CR][LF]TONIGHT.[SP]Clear."
              "[CR][LF][CR][LF]\r\n");
-    QCOMPARE(m->state.ForecastThreadHandle, 0);
+    QCOMPARE(m->station->ForecastThreadHandle(), 0);
     QVERIFY(m->http.open.empty());
 }
 
@@ -145,7 +145,7 @@ void tst_Forecast::touchesNothingBeforeTheFirstSuccess()
     m->window->StartForecastRequest();
     const RecordedTrace trace;
 
-    m->http.Fail(m->state.ForecastThreadHandle, "HTTP 503");
+    m->http.Fail(m->station->ForecastThreadHandle(), "HTTP 503");
     m->window->tmrMain_Timer();
 
     QCOMPARE(m->Text("lblStatus"), "An error occured receiving forecast");
@@ -153,7 +153,7 @@ void tst_Forecast::touchesNothingBeforeTheFirstSuccess()
     QCOMPARE(Shown(), "");
     QCOMPARE(m->Read("Forecast.ini"), "[FORECAST]\r\nDATA=yesterday\r\n");
     // Half a minute, of which this very tick has counted its own part.
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(29750));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(29750));
 }
 
 void tst_Forecast::savesTheLastForecastAgainAfterAFailure()
@@ -168,12 +168,12 @@ void tst_Forecast::savesTheLastForecastAgainAfterAFailure()
     QCOMPARE(m->Text("lblStatus"), "Forecast host returned no forecast data");
     QCOMPARE(Shown(), kCleaned);
     QVERIFY(m->Read("Forecast.ini").contains("DATA=Southern"));
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
 }
 
 void tst_Forecast::requestsWhenASlotComes()
 {
-    m->state.ForecastRequestCountdown = 0;
+    m->station->SetForecastRequestCountdown(0);
     m->clock.Set(QDateTime(QDate(2026, 7, 4), QTime(5, 59, 59)));
     m->window->CheckForecastSchedule();
     QVERIFY(m->http.calls.isEmpty());
@@ -190,7 +190,7 @@ void tst_Forecast::requestsWhenASlotComes()
 
 void tst_Forecast::firesASlotWithoutItsBox()
 {
-    m->state.ForecastRequestCountdown = 0;
+    m->station->SetForecastRequestCountdown(0);
     for (int i = 0; i < 4; ++i)
         m->Find<QCheckBox>("chkForecastTime" + QString::number(i))->setChecked(false);
     m->clock.Set(QDateTime(QDate(2026, 7, 4), QTime(18, 0, 0)));
@@ -206,7 +206,7 @@ void tst_Forecast::showsTheWaitForTheNextSlot()
     m->window->CheckForecastSchedule();
     QCOMPARE(m->Text("lblNextForecastCheck"), "Next Update in 0:05");
 
-    m->state.ForecastRequestCountdown = 0;
+    m->station->SetForecastRequestCountdown(0);
     m->window->CheckForecastSchedule();
     QCOMPARE(m->Text("lblNextForecastCheck"), "Next Update in 2:00:00"); // at ten o'clock
 
@@ -221,7 +221,7 @@ void tst_Forecast::runsBesideAWeatherTransfer()
     m->Type("txtLocation1", "Salem");
     m->window->StartWeatherRequest();
     m->window->StartForecastRequest();
-    m->http.Finish(m->state.WeatherThreadHandle, kOnePlaceReply);
+    m->http.Finish(m->station->WeatherThreadHandle(), kOnePlaceReply);
 
     Receive(kProduct);
 
@@ -232,7 +232,7 @@ void tst_Forecast::runsBesideAWeatherTransfer()
 
 void tst_Forecast::receivesZoneCodes()
 {
-    m->state.ZoneCodeThreadHandle = m->http.Net_HTTPThreadOpen("80");
+    m->station->AwaitZoneCodes(m->http.Net_HTTPThreadOpen("80"));
     const RecordedTrace trace;
 
     m->window->tmrMain_Timer();
@@ -241,7 +241,7 @@ void tst_Forecast::receivesZoneCodes()
     m->http.Finish(1, "codes");
     m->window->tmrMain_Timer();
     QCOMPARE(m->Text("lblStatus"), "Finished retrieving zone codes.");
-    QCOMPARE(m->state.ZoneCodeThreadHandle, 0);
+    QCOMPARE(m->station->ZoneCodeThreadHandle(), 0);
     QVERIFY(m->http.open.empty());
 }
 

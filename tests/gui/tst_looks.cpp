@@ -1,6 +1,6 @@
 #include "app/frm_main.h"
-#include "app/value_box.h"
 #include "controls/muted_color.h"
+#include "controls/value_box.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -82,7 +82,7 @@ QByteArray WeatherFile(const QByteArray &sky)
            "PREVMAX=N/A\r\n";
 }
 
-std::string Product(const std::string &sky)
+std::string ZoneForecast(const std::string &sky)
 {
     return "FPUS51 KLWX 040800\n\nMDZ011-041500-\nMontr\xC3\xA9"
            "al-\n400 AM EDT Sat Jul 4 2026\n\n.TODAY..."
@@ -306,7 +306,7 @@ void tst_NetworkFaults::StartProgram(const NetworkFault &fault, Kind kind)
     m->Write("Forecast.ini", ForecastFile("Fog"));
     QVERIFY(!m->Start());
     m->state.SelectedStateIndex = kMaryland;
-    m->state.ForecastRequestCountdown = 0; // the test itself asks
+    m->station->SetForecastRequestCountdown(0); // the test itself asks
 }
 
 /// Has the program find the host there. It reads its profiles at its start only, so that the
@@ -314,8 +314,8 @@ void tst_NetworkFaults::StartProgram(const NetworkFault &fault, Kind kind)
 void tst_NetworkFaults::UseWay(Way way)
 {
     m_address = QString::fromStdString(m_host->Address(way));
-    m->state.profiles.weather[0].baseURL = m_address + "/now?q=%LOC1%";
-    m->state.profiles.forecast.host = m_address;
+    m->station->profiles.weather[0].baseURL = m_address + "/now?q=%LOC1%";
+    m->station->profiles.forecast.host = m_address;
 }
 
 /// Lets the next transfer of the kind meet the fault.
@@ -336,7 +336,7 @@ void tst_NetworkFaults::Offer(const QByteArray &sky) const
 {
     const std::string text = sky.toStdString();
     m_host->Offer(FaultyPath(Kind::Weather), Observation(text));
-    m_host->Offer(FaultyPath(Kind::Forecast), Product(text));
+    m_host->Offer(FaultyPath(Kind::Forecast), ZoneForecast(text));
     m_host->Offer(kListPath, Listing());
     m_host->Offer(kListPath + "mdz001.txt", ZoneFile("MDZ001", "Calm"));
     m_host->Offer(kListPath + "mdz002.txt", ZoneFile("MDZ002", text));
@@ -392,7 +392,7 @@ Seen tst_NetworkFaults::RequestWeather()
     m->window->btnGetWeather_Click();
     const auto hasEnded = [this] {
         Tick();
-        return m->state.WeatherThreadHandle == 0;
+        return m->station->WeatherThreadHandle() == 0;
     };
     if (!WaitUntil(hasEnded, kPatience))
         return {"no end of the transfer", {}};
@@ -404,8 +404,8 @@ Seen tst_NetworkFaults::RequestForecast()
     m->window->btnGetForecast_Click();
     const auto hasEnded = [this] {
         Tick();
-        m->state.ForecastRequestCountdown = 0;
-        return m->state.ForecastThreadHandle == 0;
+        m->station->SetForecastRequestCountdown(0);
+        return m->station->ForecastThreadHandle() == 0;
     };
     if (!WaitUntil(hasEnded, kPatience))
         return {"no end of the transfer", {}};
@@ -445,7 +445,8 @@ bool tst_NetworkFaults::IsAnyHandleOpen() const
     m_http->Net_HTTPThreadClose(last);
     for (TransferHandle handle = 1; handle < last; ++handle) {
         QString text;
-        if (!m_http->Net_HTTPThreadIsDone(handle) || m_http->ErrorNumber(handle) != 0
+        if (!m_http->Net_HTTPThreadIsDone(handle)
+            || m_http->Net_HTTPThreadReply(handle).error != kNoReply
             || m_http->Net_HTTPThreadReturnText(handle, text) > 0)
             return true;
     }

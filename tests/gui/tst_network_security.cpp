@@ -121,7 +121,7 @@ void tst_NetworkSecurity::init()
                                           "location1Title=City\r\nlocation2Title=State\r\n"
                                           "temperatureOpen=t=\r\ntemperatureClose=;\r\n");
     QVERIFY(!m->Start());
-    m->state.ForecastRequestCountdown = 0; // the test itself asks
+    m->station->SetForecastRequestCountdown(0); // the test itself asks
 }
 
 void tst_NetworkSecurity::cleanup()
@@ -138,7 +138,7 @@ void tst_NetworkSecurity::RequestWeather()
     QVERIFY(WaitUntil(
         [this] {
             m->window->tmrMain_Timer();
-            return m->state.WeatherThreadHandle == 0;
+            return m->station->WeatherThreadHandle() == 0;
         },
         kPatience));
 }
@@ -186,7 +186,8 @@ void tst_NetworkSecurity::weatherKnowsNoOtherScheme()
     QFETCH(QString, address);
     QFETCH(QString, first);
     QFETCH(QString, second);
-    m->state.profiles.weather[0].baseURL = address.replace("%1", QString::number(m_server->Port()));
+    m->station->profiles.weather[0].baseURL =
+        address.replace("%1", QString::number(m_server->Port()));
     m->Type("txtLocation1", first);
     m->Type("txtLocation2", second);
     const RecordedTrace trace;
@@ -211,7 +212,7 @@ void tst_NetworkSecurity::forecastAndZonesKnowNoOtherScheme()
 {
     QFETCH(QString, host);
     host.replace("%1", QString::number(m_server->Port()));
-    m->state.profiles.forecast.host = host;
+    m->station->profiles.forecast.host = host;
     m->Type("txtStateCode", "AL");
     m->Type("txtZoneCode", "ALZ011");
     const RecordedTrace trace;
@@ -245,7 +246,7 @@ void tst_NetworkSecurity::nothingSplitsARequestOrALine()
         return text.replace("%2", QString::number(m_server->Port())).replace("%1", breaker);
     };
     for (const Breaker &breaker : kBreakers) {
-        m->state.profiles.weather[0].baseURL = fill(address, breaker.text);
+        m->station->profiles.weather[0].baseURL = fill(address, breaker.text);
         m->Type("txtLocation1", fill(location, breaker.text));
         m->Type("txtLocation2", fill(location, breaker.text));
         const RecordedTrace trace;

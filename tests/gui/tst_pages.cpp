@@ -350,14 +350,14 @@ void tst_Pages::endsWithTheFocusInThePortBox()
 
 void tst_Pages::takesTheStartUpOptionAtOnce()
 {
-    QVERIFY(m->state.MinimizeOnStartupEnabled);
+    QVERIFY(m->station->CurrentSettings().MinimizeOnStartupEnabled);
     m->window->cmdPage_Click(2);
 
     m->Find<QCheckBox>("chkMinimizeOnStartup")->click();
-    QVERIFY(!m->state.MinimizeOnStartupEnabled);
+    QVERIFY(!m->station->CurrentSettings().MinimizeOnStartupEnabled);
 
     QVERIFY(!m->Restart());
-    QVERIFY(!m->state.MinimizeOnStartupEnabled);
+    QVERIFY(!m->station->CurrentSettings().MinimizeOnStartupEnabled);
     QVERIFY(!m->window->isMinimized());
 }
 

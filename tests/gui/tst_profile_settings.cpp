@@ -1,4 +1,4 @@
-#include "app/profile_list.h"
+#include "controls/choice_list.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -69,7 +69,7 @@ private Q_SLOTS:
     void keepsMnemonicsOfCoveredControlsStill();
 
 private:
-    [[nodiscard]] ProfileList *List() const { return m->Find<ProfileList>("cboSelectedProfile"); }
+    [[nodiscard]] ChoiceList *List() const { return m->Find<ChoiceList>("cboSelectedProfile"); }
     [[nodiscard]] QStringList ShownLocations() const;
 
     std::unique_ptr<MainWindow> m;
@@ -145,13 +145,13 @@ void tst_ProfileSettings::takesTheListIndexAsTheProfile()
 
     List()->setCurrentIndex(1); // reads "Two", but is the unused record 1
 
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
-    QCOMPARE(m->state.profiles.Selected(), &m->state.profiles.weather[1]);
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(m->station->profiles.Selected(), &m->station->profiles.weather[1]);
 }
 
 void tst_ProfileSettings::fillsItsListSilently()
 {
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
 
     m->window->FillProfileList();
 
@@ -162,18 +162,18 @@ void tst_ProfileSettings::fillsItsListSilently()
 void tst_ProfileSettings::choosesAnotherProfile()
 {
     m->window->tmrWeatherCheck_Timer();
-    m->state.minMax = {60, 70, 50, 80, 4};
+    m->station->minMax = {60, 70, 50, 80, 4};
     m->Type("txtLocation1", "Eugene");
 
     List()->setCurrentIndex(2);
 
-    QCOMPARE(m->state.profiles.weather[0].location[0], "Eugene");
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(2));
+    QCOMPARE(m->station->profiles.weather[0].location[0], "Eugene");
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(2));
     QCOMPARE(m->Text("txtLocation1"), "Rome");
-    QCOMPARE(m->state.minMax.TodayMinTemp, 1000.0);
-    QCOMPARE(m->state.minMax.TodayMaxTemp, -1000.0);
-    QCOMPARE(m->state.minMax.PrevMinTemp, 50.0);
-    QCOMPARE(m->state.minMax.PrevMaxTemp, 80.0);
+    QCOMPARE(m->station->minMax.TodayMinTemp, 1000.0);
+    QCOMPARE(m->station->minMax.TodayMaxTemp, -1000.0);
+    QCOMPARE(m->station->minMax.PrevMinTemp, 50.0);
+    QCOMPARE(m->station->minMax.PrevMaxTemp, 80.0);
     QCOMPARE(m->Value("TavrinWeatherMinMax.ini", u"DAY4", u"MIN"), "1000");
     m->Type("txtLocation3", "Italy");
     m->window->tmrWeatherCheck_Timer();
@@ -182,8 +182,8 @@ void tst_ProfileSettings::choosesAnotherProfile()
 
 void tst_ProfileSettings::emptiesBoxesForAProfileWithoutValues()
 {
-    m->state.profiles.weather[0].values.humidityValue = "40 %";
-    m->state.profiles.weather[0].values.timeValue = "9:53";
+    m->station->profiles.weather[0].values[Quantity::Humidity] = "40 %";
+    m->station->profiles.weather[0].values[Quantity::Time] = "9:53";
     m->window->DisplayWeatherData();
     QCOMPARE(m->Text("txtHumidity"), "40 %");
 
@@ -199,13 +199,13 @@ void tst_ProfileSettings::emptiesBoxesForAProfileWithoutValues()
 void tst_ProfileSettings::storesLocationsWhenTheCurrentProfileIsChosen()
 {
     m->window->tmrWeatherCheck_Timer();
-    m->state.minMax = {60, 70, 50, 80, 4};
+    m->station->minMax = {60, 70, 50, 80, 4};
     m->Type("txtLocation1", "Eugene");
 
     m->window->cboSelectedProfile_Click();
 
-    QCOMPARE(m->state.profiles.weather[0].location[0], "Eugene");
-    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
+    QCOMPARE(m->station->profiles.weather[0].location[0], "Eugene");
+    QCOMPARE(m->station->minMax.TodayMinTemp, 60.0);
     m->window->tmrWeatherCheck_Timer();
     QCOMPARE(m->Text("lblNextWeatherCheck"), "Next Update in 14:59");
 }
@@ -213,14 +213,14 @@ void tst_ProfileSettings::storesLocationsWhenTheCurrentProfileIsChosen()
 void tst_ProfileSettings::runsTheClickOnceForAKey()
 {
     m->window->btnWeatherSettings_Click();
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
 
     QTest::keyClick(List(), Qt::Key_Down);
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(1));
     QCOMPARE(clicks.count(), 1);
 
     QTest::keyClick(List(), Qt::Key_T); // by its first letter: "Two places"
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(2));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(2));
     QCOMPARE(clicks.count(), 2);
 
     QTest::keyClick(List(), Qt::Key_Down); // there is no further one
@@ -230,7 +230,7 @@ void tst_ProfileSettings::runsTheClickOnceForAKey()
 void tst_ProfileSettings::runsTheClickOnceForAChoiceFromTheList()
 {
     m->window->btnWeatherSettings_Click();
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
 
     List()->showPopup();
     QTest::keyClick(List()->view(), Qt::Key_Down);
@@ -243,12 +243,12 @@ void tst_ProfileSettings::runsTheClickOnceForAChoiceFromTheList()
     QTest::keyClick(List()->view(), Qt::Key_Enter); // the current one again
     QCOMPARE(List()->currentIndex(), 1);
     QCOMPARE(clicks.count(), 2);
-    QCOMPARE(m->state.profiles.weather[1].location[0], "Paris");
+    QCOMPARE(m->station->profiles.weather[1].location[0], "Paris");
 }
 
 void tst_ProfileSettings::runsTheClickForAChangeByCode()
 {
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
 
     List()->setCurrentIndex(2);
     QCOMPARE(clicks.count(), 1);
@@ -266,19 +266,19 @@ void tst_ProfileSettings::showsTheProfileAgainWhenTheListIsScrolled()
 {
     m->window->tmrWeatherCheck_Timer();
     m->window->btnWeatherSettings_Click();
-    m->state.minMax = {60, 70, 50, 80, 4};
+    m->station->minMax = {60, 70, 50, 80, 4};
     List()->setMaxVisibleItems(1);
     List()->showPopup();
     m->Type("txtLocation1", "typed");
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
     QScrollBar *bar = List()->view()->verticalScrollBar();
 
     bar->setRange(0, 10);
     bar->setValue(bar->value() + 1);
 
     QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown anew, what was typed is not stored
-    QCOMPARE(m->state.profiles.weather[0].location[0], "Salem");
-    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
+    QCOMPARE(m->station->profiles.weather[0].location[0], "Salem");
+    QCOMPARE(m->station->minMax.TodayMinTemp, 60.0);
     QCOMPARE(clicks.count(), 0);
     List()->hidePopup();
 }
@@ -289,11 +289,11 @@ void tst_ProfileSettings::reloadsAnEmptiedProfile()
 
     m->window->ReloadWeatherProfile();
 
-    QCOMPARE(m->state.profiles.weather[1].title, "");
+    QCOMPARE(m->station->profiles.weather[1].title, "");
     QCOMPARE(ShownLocations(), QStringList{"1"});
     QCOMPARE(m->Text("lblLocation1Title"), "");
     QCOMPARE(m->Text("lblWeatherCopyright"), "");
-    QCOMPARE(m->state.profiles.weather[0].title, "One place");
+    QCOMPARE(m->station->profiles.weather[0].title, "One place");
 }
 
 void tst_ProfileSettings::opensAndClosesItsFrame()
@@ -343,17 +343,17 @@ void TurnWheel(QWidget *control)
 void tst_ProfileSettings::ignoresTheWheelWhileItIsClosed()
 {
     m->window->btnWeatherSettings_Click();
-    m->state.minMax = {60, 70, 50, 80, 4};
+    m->station->minMax = {60, 70, 50, 80, 4};
     List()->setFocus();
-    const QSignalSpy clicks(List(), &ProfileList::Click);
+    const QSignalSpy clicks(List(), &ChoiceList::Click);
 
     for (int notch = 0; notch < 5; ++notch)
         TurnWheel(List());
 
     QCOMPARE(List()->currentIndex(), 0);
     QCOMPARE(clicks.count(), 0);
-    QCOMPARE(m->state.minMax.TodayMinTemp, 60.0);
-    QCOMPARE(m->state.minMax.TodayMaxTemp, 70.0);
+    QCOMPARE(m->station->minMax.TodayMinTemp, 60.0);
+    QCOMPARE(m->station->minMax.TodayMaxTemp, 70.0);
 }
 
 void tst_ProfileSettings::scrollsByTheWheelWhileItIsOpen()

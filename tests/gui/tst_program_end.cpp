@@ -1,3 +1,4 @@
+#include "app/desktop_session.h"
 #include "support/recorded_trace.h"
 
 #include <QCloseEvent>
@@ -37,7 +38,9 @@ private Q_SLOTS:
     void goesOnWhenTheExitIsRefused();
     void endsWithoutAQuestion_data();
     void endsWithoutAQuestion();
+    void quittingEndsWithoutAQuestion();
     void savesOnceHoweverItEnds();
+    void savesWhileItGoesOn();
     void writesEveryKeyWhenItEnds();
     void keepsFilesPerSession();
     void keepsTheProfileNumberWithoutProfiles();
@@ -103,6 +106,43 @@ void tst_ProgramEnd::endsWithoutAQuestion()
     QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"HTTPPort"), "80");
 }
 
+void tst_ProgramEnd::quittingEndsWithoutAQuestion()
+{
+    QVERIFY(!m->Start());
+    m->window->hide(); // as in the tray
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    DesktopSession session(*qApp, {});
+    connect(&session, &DesktopSession::EndRequested, m->window.get(),
+            [this] { m->window->Unload(UnloadMode::DesktopSession); });
+    const RecordedTrace trace;
+
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+
+    QCOMPARE(unloaded.count(), 1);
+    QCOMPARE(m->questions, QStringList());
+    QCOMPARE(trace.lines, QStringList{"unloadmode = 2"});
+    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"HTTPPort"), "80");
+}
+
+void tst_ProgramEnd::savesWhileItGoesOn()
+{
+    QVERIFY(!m->Start());
+    QSignalSpy unloaded(m->window.get(), &frmMain::Unloaded);
+    m->Type("txtZoneCode", "MDZ011");
+    m->PassSeconds(2);
+    QVERIFY(m->Exists("TavrinWeatherRecovery.ini"));
+
+    m->window->SaveSettings();
+
+    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"ForecastZone"), "MDZ011");
+    QVERIFY(!m->Exists("TavrinWeatherRecovery.ini")); // there is nothing left to recover
+    QCOMPARE(unloaded.count(), 0);
+    m->Type("txtZoneCode", "MDZ012");
+    m->window->Unload(UnloadMode::Code);
+    QCOMPARE(m->Value("TavrinWeatherSettings.ini", u"Settings", u"ForecastZone"), "MDZ012");
+}
+
 void tst_ProgramEnd::savesOnceHoweverItEnds()
 {
     QVERIFY(!m->Start());
@@ -112,6 +152,7 @@ void tst_ProgramEnd::savesOnceHoweverItEnds()
 
     QVERIFY(m->window->Unload(UnloadMode::DesktopSession));
     QVERIFY(CloseAtTitleBar(*m->window));
+    m->window->SaveSettings();
 
     QCOMPARE(m->Read("TavrinWeatherSettings.ini"), "");
     QCOMPARE(m->questions, QStringList());
@@ -157,7 +198,7 @@ void tst_ProgramEnd::keepsTheProfileNumberWithoutProfiles()
 {
     m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=7\r\n");
     QVERIFY(!m->Start());
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(-1));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(-1));
     QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentIndex(), -1);
 
     m->window->tmrWeatherCheck_Timer();
@@ -172,12 +213,15 @@ void tst_ProgramEnd::keepsTheProfileNumberWithoutProfiles()
 
 void tst_ProgramEnd::keepsAMultiLineLocation()
 {
+    const QString location = "two  blanks\ta tab\r\na line";
+    m->Write("TavrinWeatherSettings.ini",
+             "[Profile4]\r\nlocation3=two[SP][SP]blanks[TAB]a[SP]tab[CR][LF]a[SP]line\r\n");
     QVERIFY(!m->Start());
-    m->state.profiles.weather[4].location[2] = "two  blanks\ta tab\r\na line";
+    QCOMPARE(m->station->profiles.weather[4].location[2], location);
 
-    QVERIFY(!m->Restart());
+    QVERIFY(!m->Restart()); // having stored it
 
-    QCOMPARE(m->state.profiles.weather[4].location[2], "two  blanks\ta tab\r\na line");
+    QCOMPARE(m->station->profiles.weather[4].location[2], location);
 }
 
 void tst_ProgramEnd::keepsLocationsAndProfilePerSession()
@@ -193,10 +237,10 @@ void tst_ProgramEnd::keepsLocationsAndProfilePerSession()
 
     QVERIFY(!m->Restart());
     QCOMPARE(m->Text("txtLocation1"), "Springfield");
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(0));
     QVERIFY(!m->Restart("/SESSION=3"));
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(1));
-    QCOMPARE(m->state.profiles.weather[0].location[0], "Portland");
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(1));
+    QCOMPARE(m->station->profiles.weather[0].location[0], "Portland");
 }
 
 QTEST_MAIN(tst_ProgramEnd)

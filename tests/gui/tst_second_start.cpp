@@ -1,8 +1,10 @@
-#include "app/session_lock.h"
-#include "app/unix_signals.h"
+#include "start/session_lock.h"
+#include "start/unix_signals.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <csignal>
 
 #include "gui/main_window.h"
 
@@ -14,6 +16,7 @@ class tst_SecondStart final : public QObject
 private Q_SLOTS:
     void callsTheRunningCopy();
     void callIsHarmlessWhenNobodyListens();
+    void readsAnewInTheServiceInsteadOfEnding();
     void showsAMinimizedWindow();
     void showsAHiddenWindow();
 };
@@ -44,8 +47,36 @@ void tst_SecondStart::callIsHarmlessWhenNobodyListens()
     SessionLock running(folder.filePath("Program.lock"));
     QCOMPARE(running.Take(), SessionLock::Outcome::Taken);
 
-    running.CallHolder(); // still here
+    SessionLock second(folder.filePath("Program.lock"));
+    QCOMPARE(second.Take(), SessionLock::Outcome::Held);
+
+    second.CallHolder(); // still here
     QVERIFY(QFile::exists(running.Path()));
+}
+
+void tst_SecondStart::readsAnewInTheServiceInsteadOfEnding()
+{
+    UnixSignals::IgnoreCalls(UnixSignals::Program::Service);
+    std::raise(SIGHUP); // still here
+    {
+        const UnixSignals unixSignals(UnixSignals::Program::Service);
+        QSignalSpy reload(&unixSignals, &UnixSignals::ReloadRequested);
+        const QSignalSpy window(&unixSignals, &UnixSignals::WindowRequested);
+        QSignalSpy ended(&unixSignals, &UnixSignals::EndRequested);
+        std::raise(SIGUSR1);
+        std::raise(SIGHUP);
+        QVERIFY(reload.wait());
+        std::raise(SIGHUP); // and again, for as long as it runs
+        QVERIFY(reload.wait());
+        QCOMPARE(ended.count(), 0);
+        QCOMPARE(window.count(), 0);
+        std::raise(SIGINT);
+        QVERIFY(ended.wait());
+        QCOMPARE(reload.count(), 2);
+    }
+    std::raise(SIGHUP); // while the program comes to its end
+    std::raise(SIGUSR1);
+    std::signal(SIGHUP, SIG_DFL);
 }
 
 void tst_SecondStart::showsAMinimizedWindow()

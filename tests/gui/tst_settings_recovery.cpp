@@ -25,8 +25,8 @@ private Q_SLOTS:
     void cleanup() { m.reset(); }
 
     void writesNothingWithoutAChange();
-    void keepsEveryChangeWithinTwoTicks_data();
-    void keepsEveryChangeWithinTwoTicks();
+    void keepsEveryChangeWithinTwoSeconds_data();
+    void keepsEveryChangeWithinTwoSeconds();
     void bringsTheSettingsBack();
     void isGoneAfterAnOrderlyEnd();
     void staysWhenTheSettingsCannotBeSaved();
@@ -56,12 +56,11 @@ void tst_SettingsRecovery::init()
 void tst_SettingsRecovery::writesNothingWithoutAChange()
 {
     QVERIFY(!m->Start());
-    for (int i = 0; i < 3; ++i)
-        m->window->tmrWeatherCheck_Timer();
+    m->PassSeconds(3);
     QVERIFY(!m->Exists(kRecovery));
 }
 
-void tst_SettingsRecovery::keepsEveryChangeWithinTwoTicks_data()
+void tst_SettingsRecovery::keepsEveryChangeWithinTwoSeconds_data()
 {
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("text");
@@ -87,7 +86,7 @@ void tst_SettingsRecovery::keepsEveryChangeWithinTwoTicks_data()
                              << QByteArray("CurrentProfile=1\r\n");
 }
 
-void tst_SettingsRecovery::keepsEveryChangeWithinTwoTicks()
+void tst_SettingsRecovery::keepsEveryChangeWithinTwoSeconds()
 {
     QFETCH(const QString, control);
     QFETCH(const QString, text);
@@ -100,8 +99,7 @@ void tst_SettingsRecovery::keepsEveryChangeWithinTwoTicks()
         list->setCurrentIndex(1);
     else
         m->Type(control, text);
-    for (int i = 0; i < 2; ++i)
-        m->window->tmrWeatherCheck_Timer();
+    m->PassSeconds(2);
 
     QVERIFY2(m->Read(kRecovery).contains(line), m->Read(kRecovery));
 }
@@ -112,8 +110,7 @@ void tst_SettingsRecovery::bringsTheSettingsBack()
     m->Type("txtZoneCode", "MDZ011");
     m->Type("txtLocation1", "KBWI");
     m->Find<QCheckBox>("chkForecastTime2")->click();
-    m->window->tmrWeatherCheck_Timer();
-    m->window->tmrWeatherCheck_Timer();
+    m->PassSeconds(2);
 
     const RecordedTrace trace;
     CrashAndStart();
@@ -129,7 +126,7 @@ void tst_SettingsRecovery::isGoneAfterAnOrderlyEnd()
 {
     QVERIFY(!m->Start());
     m->Type("txtZoneCode", "MDZ011");
-    m->window->tmrWeatherCheck_Timer();
+    m->PassSeconds(2);
     CrashAndStart();
 
     QVERIFY(m->window->Unload(UnloadMode::Signal));
@@ -142,7 +139,7 @@ void tst_SettingsRecovery::staysWhenTheSettingsCannotBeSaved()
 {
     QVERIFY(!m->Start());
     m->Type("txtZoneCode", "MDZ011");
-    m->window->tmrWeatherCheck_Timer();
+    m->PassSeconds(2);
     QVERIFY(QFile::remove(m->Path("TavrinWeatherSettings.ini")));
     QVERIFY(QDir().mkdir(m->Path("TavrinWeatherSettings.ini")));
 

@@ -114,7 +114,7 @@ void tst_StartUp::namesTheSessionInItsCaption()
 {
     QVERIFY(!m->Start("/session=4"));
 
-    QCOMPARE(m->state.files.SessionId, "4");
+    QCOMPARE(m->station->files.SessionId, "4");
     QCOMPARE(m->window->windowTitle(), "Tavrin Weather Utility - Session 4");
 }
 
@@ -122,7 +122,7 @@ void tst_StartUp::takesTheDefaultSessionForAnUnknownOne()
 {
     QVERIFY(!m->Start("/SESSION=1"));
 
-    QCOMPARE(m->state.files.SessionId, "");
+    QCOMPARE(m->station->files.SessionId, "");
     QCOMPARE(m->window->windowTitle(), "Tavrin Weather Utility");
 }
 
@@ -211,12 +211,12 @@ void tst_StartUp::takesTheFirstProfileForANumberBeyondTheList()
     m->Write("TavrinWeatherProfiles.ini", kTwoProfiles);
     m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=2\r\n");
     QVERIFY(!m->Start());
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(0));
     QCOMPARE(m->Find<QComboBox>("cboSelectedProfile")->currentIndex(), 0);
 
     m->Write("TavrinWeatherSettings.ini", "[Settings]\r\nCurrentProfile=-1\r\n");
     QVERIFY(!m->Start());
-    QCOMPARE(m->state.profiles.currentWeatherProfile, qint16(0));
+    QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(0));
 }
 
 void tst_StartUp::creditsTheForecastService()
@@ -245,11 +245,11 @@ void tst_StartUp::startsWithTheStoredMinimumAndMaximum()
                                         "[DAY3]\r\nMIN=58\r\nMAX=79.9\r\n");
     QVERIFY(!m->Start());
 
-    QCOMPARE(m->state.minMax.TodayMinTemp, 61.5);
-    QCOMPARE(m->state.minMax.TodayMaxTemp, 70.0);
-    QCOMPARE(m->state.minMax.PrevMinTemp, 58.0);
-    QCOMPARE(m->state.minMax.PrevMaxTemp, 79.9);
-    QCOMPARE(m->state.minMax.MinMaxDay, qint16(4));
+    QCOMPARE(m->station->minMax.TodayMinTemp, 61.5);
+    QCOMPARE(m->station->minMax.TodayMaxTemp, 70.0);
+    QCOMPARE(m->station->minMax.PrevMinTemp, 58.0);
+    QCOMPARE(m->station->minMax.PrevMaxTemp, 79.9);
+    QCOMPARE(m->station->minMax.MinMaxDay, qint16(4));
 }
 
 void tst_StartUp::alternatesTheNotices()

@@ -1,8 +1,8 @@
 #include "app/help_texts.h"
-#include "app/profile_list.h"
-#include "app/value_box.h"
+#include "controls/choice_list.h"
 #include "controls/elided_label.h"
 #include "controls/tool_tip.h"
+#include "controls/value_box.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -107,7 +107,7 @@ void tst_Texts::explainsTheValuesOfTheProfile()
     QCOMPARE(ToolTipOf(m->Find("txtSunrise")),
              "Time of sunrise. The service of this profile does not deliver it.");
 
-    m->Find<ProfileList>("cboSelectedProfile")->setCurrentIndex(1);
+    m->Find<ChoiceList>("cboSelectedProfile")->setCurrentIndex(1);
 
     QCOMPARE(ToolTipOf(m->Find("txtCurrentTemp")), "Air temperature. Unit: C");
     QCOMPARE(ToolTipOf(m->Find("txtSunrise")), "Time of sunrise.");
@@ -214,7 +214,7 @@ void tst_Texts::showsTextsFromOutsideLiterally()
     m->window->btnWeatherSettings_Click();
     QCoreApplication::processEvents();
 
-    QCOMPARE(m->Find<ProfileList>("cboSelectedProfile")->currentText(), kMarkup);
+    QCOMPARE(m->Find<ChoiceList>("cboSelectedProfile")->currentText(), kMarkup);
     QCOMPARE(m->Find<QPlainTextEdit>("txtProfileDescription")->toPlainText(), kMarkup);
     for (const QString name : {"lblWeatherCopyright", "lblLocation1Title"}) {
         const auto *label = m->Find<ElidedLabel>(name);

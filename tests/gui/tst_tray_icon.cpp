@@ -218,7 +218,7 @@ void tst_TrayIcon::playsTheActivitySetWhenARequestStarts()
 
     m->window->btnGetWeather_Click();
 
-    QVERIFY(m->state.WeatherThreadHandle != 0);
+    QVERIFY(m->station->WeatherThreadHandle() != 0);
     QCOMPARE(ShownByTicks(3), QStringList({"active 0", "active 1", "active 2"}));
 }
 

@@ -327,8 +327,8 @@ void tst_TrayWindow::hidesInATrayThatCameLater()
 void tst_TrayWindow::isShownOnTheFirstRun()
 {
     QVERIFY(!m->Start());
-    QVERIFY(m->state.IsFirstRun);
-    QVERIFY(m->state.MinimizeOnStartupEnabled);
+    QVERIFY(m->station->CurrentSettings().IsFirstRun);
+    QVERIFY(m->station->CurrentSettings().MinimizeOnStartupEnabled);
     QVERIFY(Window().isVisible());
     QVERIFY(!Window().isMinimized());
 

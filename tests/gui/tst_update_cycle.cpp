@@ -1,3 +1,4 @@
+#include "support/one_place.h"
 #include "support/recorded_trace.h"
 
 #include <QComboBox>
@@ -6,7 +7,6 @@
 #include <QTest>
 
 #include "gui/main_window.h"
-#include "gui/one_place.h"
 
 /// The countdowns, the request of the current weather and the wait for its reply.
 class tst_UpdateCycle final : public QObject
@@ -19,6 +19,7 @@ private Q_SLOTS:
 
     void requestsOnTheFirstTick();
     void showsHoursForLongIntervals();
+    void showsAndKeepsTheIntervalOfTheSettings();
     void startsOverAfterAManualRequest();
     void movesTheFocusFromThePressedButton();
     void freezesTheCountdownWithoutALocation();
@@ -81,6 +82,27 @@ void tst_UpdateCycle::showsHoursForLongIntervals()
     m->window->btnGetWeather_Click();
     m->window->tmrWeatherCheck_Timer();
     QCOMPARE(m->Text("lblNextWeatherCheck"), "Next Update in 30:00");
+}
+
+void tst_UpdateCycle::showsAndKeepsTheIntervalOfTheSettings()
+{
+    const QString file = "TavrinWeatherSettings.ini";
+    QVERIFY(!m->Restart());
+    QVERIFY(m->Find<QRadioButton>("optCheckInterval0")->isChecked());
+    m->Find<QRadioButton>("optCheckInterval3")->setChecked(true);
+    m->window->SaveSettings();
+    QCOMPARE(m->Value(file, u"Settings", u"CheckInterval"), "missing");
+
+    m->window->Unload(UnloadMode::Code);
+    m->Write(file, m->Read(file).replace("[Settings]\r\n", "[Settings]\r\nCheckInterval=60\r\n"));
+    QVERIFY(!m->Start());
+    QVERIFY(m->Find<QRadioButton>("optCheckInterval2")->isChecked());
+    QCOMPARE(m->station->CheckInterval(), 3600);
+
+    m->Find<QRadioButton>("optCheckInterval1")->click();
+    QVERIFY(!m->Restart());
+    QCOMPARE(m->Value(file, u"Settings", u"CheckInterval"), "30");
+    QVERIFY(m->Find<QRadioButton>("optCheckInterval1")->isChecked());
 }
 
 void tst_UpdateCycle::startsOverAfterAManualRequest()
@@ -162,7 +184,7 @@ void tst_UpdateCycle::reportsAPortThatCannotBeOpened()
 
     QCOMPARE(m->Text("lblStatus"), "Unable to open HTTP handle on port 99999 for weather request");
     QVERIFY(trace.lines.contains("Unable to open HTTP handle on port 99999 for current weather"));
-    QCOMPARE(m->state.WeatherThreadHandle, 0);
+    QCOMPARE(m->station->WeatherThreadHandle(), 0);
 }
 
 void tst_UpdateCycle::reportsARefusedRequest()
@@ -173,7 +195,7 @@ void tst_UpdateCycle::reportsARefusedRequest()
 
     // The handle stays open and is read and closed like any other that has ended.
     m->window->tmrMain_Timer();
-    QCOMPARE(m->state.WeatherThreadHandle, 0);
+    QCOMPARE(m->station->WeatherThreadHandle(), 0);
     QVERIFY(m->http.open.empty());
 }
 
@@ -184,7 +206,7 @@ void tst_UpdateCycle::waitsForTheReply()
     m->window->tmrMain_Timer();
 
     QCOMPARE(m->Text("lblStatus"), "Waiting for HTTP Host");
-    QVERIFY(m->state.WeatherThreadHandle != 0);
+    QVERIFY(m->station->WeatherThreadHandle() != 0);
 }
 
 void tst_UpdateCycle::neverDisablesItsButton()
@@ -199,7 +221,7 @@ void tst_UpdateCycle::neverDisablesItsButton()
 void tst_UpdateCycle::discardsTheTransferBefore()
 {
     m->window->btnGetWeather_Click();
-    const TransferHandle first = m->state.WeatherThreadHandle;
+    const TransferHandle first = m->station->WeatherThreadHandle();
 
     m->window->btnGetWeather_Click();
 
@@ -217,7 +239,7 @@ void tst_UpdateCycle::ignoresTheReplyToAnotherProfilesRequest()
     QVERIFY(!m->Start());
     m->Type("txtLocation1", "Salem");
     m->window->StartWeatherRequest();
-    const TransferHandle handle = m->state.WeatherThreadHandle;
+    const TransferHandle handle = m->station->WeatherThreadHandle();
 
     m->Find<QComboBox>("cboSelectedProfile")->setCurrentIndex(1);
     m->http.Finish(handle, kOnePlaceReply);
@@ -226,23 +248,23 @@ void tst_UpdateCycle::ignoresTheReplyToAnotherProfilesRequest()
     QCOMPARE(m->Text("txtCurrentTemp"), "");
     QVERIFY(!m->Exists("Weather.ini"));
     QVERIFY(m->http.open.empty());
-    QCOMPARE(m->state.WeatherThreadHandle, 0);
+    QCOMPARE(m->station->WeatherThreadHandle(), 0);
 }
 
 void tst_UpdateCycle::countsDownToTheForecastInTwentyTicks()
 {
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(5000));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(5000));
     for (int tick = 0; tick < 19; ++tick)
         m->window->tmrMain_Timer();
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(250));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(250));
     QCOMPARE(m->Text("lblNextForecastCheck"), "Loading...");
 
     m->window->tmrMain_Timer();
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
     QCOMPARE(m->Text("lblNextForecastCheck"), "Invalid Location");
 
     m->window->tmrMain_Timer();
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
 }
 
 void tst_UpdateCycle::flagsAZoneCodeBesideABadStateCode()

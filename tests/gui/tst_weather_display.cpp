@@ -1,4 +1,5 @@
-#include "app/long_text_box.h"
+#include "controls/long_text_box.h"
+#include "support/one_place.h"
 #include "support/recorded_trace.h"
 
 #include <QPlainTextEdit>
@@ -7,7 +8,6 @@
 #include <QTest>
 
 #include "gui/main_window.h"
-#include "gui/one_place.h"
 
 /// The way from the reply to the boxes and the output file.
 class tst_WeatherDisplay final : public QObject
@@ -49,7 +49,7 @@ void tst_WeatherDisplay::init()
 /// Ends the running transfer with `reply` and lets the window poll it.
 void tst_WeatherDisplay::Receive(const QString &reply)
 {
-    m->http.Finish(m->state.WeatherThreadHandle, reply);
+    m->http.Finish(m->station->WeatherThreadHandle(), reply);
     m->window->tmrMain_Timer();
 }
 
@@ -62,11 +62,11 @@ void tst_WeatherDisplay::RequestAndReceive(const QString &reply)
 void tst_WeatherDisplay::goesFromTickToOutputFile()
 {
     m->window->tmrWeatherCheck_Timer();
-    const TransferHandle handle = m->state.WeatherThreadHandle;
+    const TransferHandle handle = m->station->WeatherThreadHandle();
     Receive(kOnePlaceReply);
 
     QCOMPARE(m->http.calls.last(), "close " + QString::number(handle));
-    QCOMPARE(m->state.WeatherThreadHandle, 0);
+    QCOMPARE(m->station->WeatherThreadHandle(), 0);
     QCOMPARE(m->Text("lblStatus"), "Retrieved current weather data");
     QCOMPARE(m->Text("txtTime"), "9:53 AM");
     QCOMPARE(m->Text("txtLocation"), "Salem, OR");
@@ -78,7 +78,7 @@ void tst_WeatherDisplay::goesFromTickToOutputFile()
     QCOMPARE(m->Text("txtPrevPrecip"), "0.1");
     QCOMPARE(m->Text("txtPrevMinTemp"), "N/A");
     QCOMPARE(m->Text("txtPrevMaxTemp"), "N/A");
-    QCOMPARE(m->state.minMax.TodayMinTemp, 71.0);
+    QCOMPARE(m->station->minMax.TodayMinTemp, 71.0);
     QCOMPARE(m->Read("Weather.ini"), "[Weather]\r\n"
                                      "TIME=9:53[SP]AM\r\n"
                                      "COPYRIGHT=Data[SP](c)[SP]2026[SP]by[SP]2026[SP]people\r\n"
@@ -128,10 +128,10 @@ void tst_WeatherDisplay::survivesAFailedTransfer()
     const RecordedTrace trace;
     m->window->btnGetWeather_Click();
 
-    m->http.Fail(m->state.WeatherThreadHandle, "HTTP 404");
+    m->http.Fail(m->station->WeatherThreadHandle(), "HTTP 404");
     m->window->tmrMain_Timer();
 
-    QCOMPARE(m->state.WeatherThreadHandle, 0);
+    QCOMPARE(m->station->WeatherThreadHandle(), 0);
     QVERIFY(trace.lines.contains("Weather transfer failed: HTTP 404"));
     QCOMPARE(m->Text("txtCurrentTemp"), "71.0 F");
     QCOMPARE(m->Read("Weather.ini"), before);
@@ -161,8 +161,8 @@ void tst_WeatherDisplay::hidesExtremesBeyondTheBounds()
 {
     QFETCH(QString, value);
     QFETCH(QString, shown);
-    m->state.profiles.weather[0].values.minTempValue = value;
-    m->state.profiles.weather[0].values.maxTempValue = value;
+    m->station->profiles.weather[0].values[Quantity::MinTemp] = value;
+    m->station->profiles.weather[0].values[Quantity::MaxTemp] = value;
 
     m->window->DisplayWeatherData();
     m->window->SaveWeatherData();
@@ -192,7 +192,7 @@ void tst_WeatherDisplay::savesWhatIsShown()
 
 void tst_WeatherDisplay::escapesLineBreaksInTheFile()
 {
-    m->state.profiles.weather[0].values.conditionsValue = "Rain\r\nand wind\t";
+    m->station->profiles.weather[0].values[Quantity::Conditions] = "Rain\r\nand wind\t";
 
     m->window->DisplayWeatherData();
     m->window->SaveWeatherData();

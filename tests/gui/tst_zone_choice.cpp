@@ -1,3 +1,4 @@
+#include "support/one_place.h"
 #include "zones/frm_find_noaa_zones.h"
 
 #include <QComboBox>
@@ -7,7 +8,6 @@
 #include <QTest>
 
 #include "gui/main_window.h"
-#include "gui/one_place.h"
 
 /// The zone finder as the main window opens it, and what a choice does to the forecast.
 class tst_ZoneChoice final : public QObject
@@ -55,7 +55,7 @@ void tst_ZoneChoice::init()
     m->Write("TavrinWeatherProfiles.ini",
              kOnePlaceProfile + "[ForecastProfile0]\r\nhost=http://forecast.test\r\n");
     QVERIFY(!m->Start());
-    m->state.ForecastRequestCountdown = 0;
+    m->station->SetForecastRequestCountdown(0);
 }
 
 void tst_ZoneChoice::opensOneFinder()
@@ -80,7 +80,7 @@ void tst_ZoneChoice::takesTheChosenZone()
 
     QCOMPARE(m->Text("txtZoneCode"), "MDZ011");
     QCOMPARE(m->Text("txtStateCode"), "MD");
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(5000));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(5000));
     QVERIFY(!m->state.ZoneFinderOpen);
     for (int tick = 0; tick < 20; ++tick)
         m->window->tmrMain_Timer();
@@ -95,7 +95,7 @@ void tst_ZoneChoice::leavesTheCountdownAloneForTheSameZone()
     Choose("MDZ011");
 
     QCOMPARE(m->Text("txtStateCode"), "MD");
-    QCOMPARE(m->state.ForecastRequestCountdown, qint16(0));
+    QCOMPARE(m->station->ForecastRequestCountdown(), qint16(0));
 }
 
 void tst_ZoneChoice::opensAnewAfterClosing()
@@ -154,8 +154,8 @@ void tst_ZoneChoice::endsARetrievalWithTheProgram()
 void tst_ZoneChoice::givesTheFinderReceivedCodes()
 {
     m->window->btnSelectNOAAZone_Click();
-    m->state.ZoneCodeThreadHandle = m->http.Net_HTTPThreadOpen("80");
-    m->http.Finish(m->state.ZoneCodeThreadHandle, "codes");
+    m->station->AwaitZoneCodes(m->http.Net_HTTPThreadOpen("80"));
+    m->http.Finish(m->station->ZoneCodeThreadHandle(), "codes");
 
     m->window->tmrMain_Timer();
 

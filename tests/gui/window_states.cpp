@@ -1,7 +1,7 @@
 #include "gui/window_states.h"
 
-#include "app/long_text_box.h"
-#include "app/message_boxes.h"
+#include "controls/long_text_box.h"
+#include "controls/message_boxes.h"
 #include "zones/frm_find_noaa_zones.h"
 
 #include <QAbstractItemView>
@@ -100,7 +100,7 @@ void StartWith(MainWindow &m, const QByteArray &profiles, const QByteArray &sett
 void Receive(MainWindow &m, const QString &reply)
 {
     m.window->tmrWeatherCheck_Timer();
-    m.http.Finish(m.state.WeatherThreadHandle, reply);
+    m.http.Finish(m.station->WeatherThreadHandle(), reply);
     m.window->tmrMain_Timer();
     for (int second = 0; second < kSecondsToLookAt; ++second)
         m.window->tmrWeatherCheck_Timer();
@@ -146,10 +146,11 @@ void ShowNotAvailable(MainWindow &m, const Visit &visit)
 {
     StartWith(m, ShippedProfiles());
     Receive(m, "Not Found");
-    WeatherValues &values = m.state.profiles.weather[0].values;
-    for (const WeatherValueField &field : kWeatherValueFields)
-        values.*field.value = "N/A";
-    for (QString *value : {&values.sunriseValue, &values.sunsetValue, &values.precipValue})
+    WeatherValues &values = m.station->profiles.weather[0].values;
+    for (const Quantity quantity : kValues)
+        values[quantity] = "N/A";
+    for (QString *value :
+         {&values[Quantity::Sunrise], &values[Quantity::Sunset], &values[Quantity::Precip]})
         *value = "Not Available From Service";
     m.window->DisplayWeatherData();
     Look(*m.window, visit);
@@ -221,7 +222,7 @@ void ShowForecast(MainWindow &m, const Visit &visit)
 {
     StartWith(m, ShippedProfiles());
     m.window->StartForecastRequest();
-    m.http.Finish(m.state.ForecastThreadHandle, kForecast);
+    m.http.Finish(m.station->ForecastThreadHandle(), kForecast);
     m.window->tmrMain_Timer();
     m.window->cmdPage_Click(1);
     m.window->tmrWeatherCheck_Timer();

@@ -1,6 +1,6 @@
+#include "support/process_counts.h"
 #include "support/silent_name_server.h"
 
-#include <filesystem>
 #include <optional>
 
 #include "transfer_support.h"
@@ -9,33 +9,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Connection = LoopbackConnection;
 using Steady = std::chrono::steady_clock;
 
 constexpr auto kAtOnce = 2s; // below every time-out, far above what a busy machine needs
 constexpr auto kExit = 2s;
-
-long Entries(const char *folder)
-{
-    return std::distance(std::filesystem::directory_iterator(folder), {});
-}
-
-long Threads()
-{
-    return Entries("/proc/self/task");
-}
-
-long Descriptors()
-{
-    return Entries("/proc/self/fd");
-}
-
-TransferHandle Start(CurlTransfers &transfers, const std::string &url)
-{
-    const TransferHandle handle = transfers.Net_HTTPThreadOpen("80");
-    EXPECT_TRUE(transfers.Net_HTTPThreadGet(handle, QString::fromStdString(url)));
-    return handle;
-}
 
 Steady::duration TimeToClose(CurlTransfers &transfers, TransferHandle handle)
 {
@@ -107,8 +84,7 @@ TEST(TransferClosing, StopsABodyThatIsStreaming)
 
 TEST(TransferClosing, MayComeAtAnyMoment)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Reply("hello"); });
+    const LoopbackServer server(SayHello);
     CurlTransfers transfers;
     for (int i = 0; i < 300; ++i) {
         const TransferHandle handle = Start(transfers, server.Url());
@@ -131,8 +107,7 @@ TEST(TransferClosing, WaitsForNoNameServer)
         EXPECT_LT(TimeToClose(transfers, handle), kAtOnce);
 
         // The network thread is free at once although the look-up still hangs.
-        const LoopbackServer server(
-            [](Connection &connection, const std::string &) { connection.Reply("free"); });
+        const LoopbackServer server(Replies("free"));
         const auto begin = Steady::now();
         ExpectReceived(GetFrom(transfers, server.Url()), u"free");
         EXPECT_LT(Steady::now() - begin, 1s);
@@ -162,8 +137,7 @@ TEST(TransferClosing, LetsTheProgramEndWhileANameServerIsSilent)
 
 TEST(TransferClosing, LetsTheProgramEndWhileServersAreSilent)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Hold(); });
+    const LoopbackServer server(Hold);
     auto transfers = std::make_optional<CurlTransfers>();
     for (int i = 0; i < 10; ++i)
         Start(*transfers, server.Url());
@@ -176,25 +150,12 @@ TEST(TransferClosing, LetsTheProgramEndWhileServersAreSilent)
     EXPECT_TRUE(WaitUntil([&server] { return server.Ended() == 10; }));
 }
 
-TEST(TransferClosing, FindsNoRequestThatWasNeverSent)
-{
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Reply("hello"); });
-    {
-        CurlTransfers transfers;
-        Start(transfers, server.Url()); // neither waited for nor closed
-    }
-    {
-        const CurlTransfers unused;
-    }
-}
-
 TEST(TransferClosing, LeavesNoThreadAndNoDescriptor)
 {
     ExpectFailed(
         Get("http://127.0.0.1:1/")); // what libcurl opens once for the process is there now
-    const long threads = Threads();
-    const long descriptors = Descriptors();
+    const long threads = RunningThreads();
+    const long descriptors = OpenDescriptors();
 
     for (int i = 0; i < 10; ++i) {
         const LoopbackServer server([](Connection &connection, const std::string &head) {
@@ -208,23 +169,26 @@ TEST(TransferClosing, LeavesNoThreadAndNoDescriptor)
         const TransferHandle closed = Start(transfers, server.Url("/hold"));
         Start(transfers, server.Url("/hold")); // left running
         transfers.Net_HTTPThreadClose(closed);
+
+        CurlTransfers ended;
+        Start(ended, server.Url()); // perhaps not even sent
+        const CurlTransfers unused;
     }
 
-    EXPECT_TRUE(WaitUntil([threads] { return Threads() == threads; }));
-    EXPECT_EQ(Descriptors(), descriptors);
+    EXPECT_TRUE(WaitUntil([threads] { return RunningThreads() == threads; }));
+    EXPECT_EQ(OpenDescriptors(), descriptors);
 }
 
 TEST(TransferClosing, NeedsOneThreadForAllTransfers)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Hold(); });
-    const long before = Threads();
+    const LoopbackServer server(Hold);
+    const long before = RunningThreads();
     CurlTransfers transfers;
     for (int i = 0; i < 10; ++i)
         Start(transfers, server.Url());
     ASSERT_TRUE(WaitUntil([&server] { return server.Heads().size() == 10; }));
 
-    EXPECT_EQ(Threads(), before + 1 + 10); // ours, and the server's ten
+    EXPECT_EQ(RunningThreads(), before + 1 + 10); // ours, and the server's ten
 }
 
 } // namespace

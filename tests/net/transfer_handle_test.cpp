@@ -6,11 +6,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Connection = LoopbackConnection;
-
-void SayHello(Connection &connection, const std::string & /*head*/)
+void ExpectNoReply(const HttpTransfers &transfers, TransferHandle handle)
 {
-    connection.Reply("hello");
+    const Reply reply = transfers.Net_HTTPThreadReply(handle);
+    EXPECT_EQ(reply.error, kNoReply);
+    EXPECT_EQ(reply.errorText, "");
+    EXPECT_EQ(reply.text, "");
+    EXPECT_EQ(reply.status, 0);
 }
 
 TEST(TransferHandle, IsZeroForAPortTextThatIsNoPort)
@@ -41,7 +43,7 @@ TEST(TransferHandle, TakesThePortOfTheUrlNotOfTheBox)
 
     const TransferHandle handle = transfers.Net_HTTPThreadOpen("65535");
     ASSERT_TRUE(transfers.Net_HTTPThreadGet(handle, QString::fromStdString(server.Url())));
-    ASSERT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+    ASSERT_TRUE(WaitForEnd(transfers, handle));
 
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 1);
     EXPECT_EQ(text, "hello");
@@ -57,25 +59,24 @@ TEST(TransferHandle, IsNotDoneBeforeItsGet)
     EXPECT_FALSE(transfers.Net_HTTPThreadIsDone(handle));
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
     EXPECT_EQ(text, "");
-    EXPECT_EQ(transfers.ErrorText(handle), "");
-    EXPECT_EQ(transfers.ErrorNumber(handle), 0);
+    ExpectNoReply(transfers, handle);
 }
 
 TEST(TransferHandle, StaysDoneAndDeliversAgain)
 {
     const LoopbackServer server(SayHello);
     CurlTransfers transfers;
-    const TransferHandle handle = transfers.Net_HTTPThreadOpen("80");
-    transfers.Net_HTTPThreadGet(handle, QString::fromStdString(server.Url()));
+    const TransferHandle handle = Start(transfers, server.Url());
 
-    ASSERT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+    ASSERT_TRUE(WaitForEnd(transfers, handle));
 
     for (int i = 0; i < 3; ++i) {
         QString text;
         EXPECT_TRUE(transfers.Net_HTTPThreadIsDone(handle));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 1);
         EXPECT_EQ(text, "hello");
-        EXPECT_EQ(transfers.ErrorNumber(handle), 0);
+        EXPECT_EQ(transfers.Net_HTTPThreadReply(handle).error, 0);
+        EXPECT_EQ(transfers.Net_HTTPThreadReply(handle).text, "hello");
     }
 }
 
@@ -88,17 +89,16 @@ TEST(TransferHandle, RunsUntilTheServerAnswers)
     });
     CurlTransfers transfers;
     QString text = "old";
-    const TransferHandle handle = transfers.Net_HTTPThreadOpen("80");
-    transfers.Net_HTTPThreadGet(handle, QString::fromStdString(server.Url()));
+    const TransferHandle handle = Start(transfers, server.Url());
     EXPECT_TRUE(WaitUntil([&server] { return server.Heads().size() == 1; }));
 
     EXPECT_FALSE(transfers.Net_HTTPThreadIsDone(handle));
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
-    EXPECT_EQ(transfers.ErrorText(handle), "");
+    ExpectNoReply(transfers, handle);
 
     mayAnswer = true;
     mayAnswer.notify_all();
-    EXPECT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+    EXPECT_TRUE(WaitForEnd(transfers, handle));
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 1);
     EXPECT_EQ(text, "at last");
 }
@@ -116,8 +116,10 @@ TEST(TransferHandle, CountsAsFailedWhenItsGetWasRefused)
         EXPECT_TRUE(transfers.Net_HTTPThreadIsDone(handle));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
         EXPECT_EQ(text, "");
-        EXPECT_EQ(transfers.ErrorText(handle), "Not an http or https address");
-        EXPECT_EQ(transfers.ErrorNumber(handle), 3);
+        const Reply reply = transfers.Net_HTTPThreadReply(handle);
+        EXPECT_EQ(reply.errorText, "Not an http or https address");
+        EXPECT_EQ(reply.error, 3);
+        EXPECT_EQ(reply.status, 0);
         transfers.Net_HTTPThreadClose(handle);
     }
 }
@@ -133,7 +135,7 @@ TEST(TransferHandle, RefusesASecondGetAndLetsTheFirstGoOn)
     EXPECT_TRUE(transfers.Net_HTTPThreadGet(handle, url));
     EXPECT_FALSE(transfers.Net_HTTPThreadGet(handle, url));
 
-    EXPECT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+    EXPECT_TRUE(WaitForEnd(transfers, handle));
     EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 1);
     EXPECT_EQ(text, "hello");
 }
@@ -149,8 +151,7 @@ TEST(TransferHandle, MeansNothingWhenItIsUnknown)
         EXPECT_FALSE(transfers.Net_HTTPThreadGet(handle, "http://127.0.0.1/"));
         EXPECT_TRUE(transfers.Net_HTTPThreadIsDone(handle));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handle, text), 0);
-        EXPECT_EQ(transfers.ErrorText(handle), "");
-        EXPECT_EQ(transfers.ErrorNumber(handle), 0);
+        ExpectNoReply(transfers, handle);
         transfers.Net_HTTPThreadClose(handle);
     }
 }
@@ -162,15 +163,13 @@ TEST(TransferHandle, RunsBesideOthers)
     });
     CurlTransfers transfers;
     std::vector<TransferHandle> handles;
-    for (int i = 0; i < 20; ++i) {
-        handles.push_back(transfers.Net_HTTPThreadOpen("80"));
-        const std::string url = server.Url("/" + std::to_string(i));
-        EXPECT_TRUE(transfers.Net_HTTPThreadGet(handles.back(), QString::fromStdString(url)));
-    }
+    handles.reserve(20);
+    for (int i = 0; i < 20; ++i)
+        handles.push_back(Start(transfers, server.Url("/" + std::to_string(i))));
 
     for (size_t i = 0; i < handles.size(); ++i) {
         QString text;
-        EXPECT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handles[i]); }));
+        EXPECT_TRUE(WaitForEnd(transfers, handles[i]));
         EXPECT_EQ(transfers.Net_HTTPThreadReturnText(handles[i], text), 1);
         EXPECT_EQ(text, QStringLiteral("GET /%1").arg(i));
         transfers.Net_HTTPThreadClose(handles[i]);
@@ -188,11 +187,10 @@ TEST(TransferHandle, TellsWhyItFailedInTheNumbersOfTheBlockingCall)
     CurlTransfers transfers;
 
     for (const auto &[path, number] : {std::pair("/gone", 404), std::pair("/silent", 52)}) {
-        const TransferHandle handle = transfers.Net_HTTPThreadOpen("80");
-        ASSERT_TRUE(transfers.Net_HTTPThreadGet(handle, QString::fromStdString(server.Url(path))));
-        ASSERT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+        const TransferHandle handle = Start(transfers, server.Url(path));
+        ASSERT_TRUE(WaitForEnd(transfers, handle));
 
-        EXPECT_EQ(transfers.ErrorNumber(handle), number) << path;
+        EXPECT_EQ(transfers.Net_HTTPThreadReply(handle).error, number) << path;
     }
 }
 
@@ -210,9 +208,7 @@ TEST(BlockingGet, GivesZeroAndTheBody)
 
 TEST(BlockingGet, GivesTheStatusAndLeavesTheText)
 {
-    const LoopbackServer server([](Connection &connection, const std::string &) {
-        connection.Reply("gone", {}, "404 Not Found");
-    });
+    const LoopbackServer server(Replies("gone", {}, "404 Not Found"));
     CurlTransfers transfers;
     QString text = "old";
 
@@ -234,8 +230,7 @@ TEST(BlockingGet, GivesANumberBelowAHundredWithoutAReply)
 
 TEST(BlockingGet, EndsWithTheTimeOut)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Hold(); });
+    const LoopbackServer server(Hold);
     CurlTransfers transfers({.idleTimeout = 50ms});
     QString text = "old";
 

@@ -13,18 +13,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Connection = LoopbackConnection;
-
 constexpr size_t kLimit = 16777216; // 16 MiB
 
 Outcome GetPacked(const std::string &body, const TransferOptions &options = {},
                   const std::string &encoding = "gzip")
 {
-    return GetScripted(
-        [&](Connection &connection, const std::string &) {
-            connection.Reply(body, "Content-Encoding: " + encoding + "\r\n");
-        },
-        options);
+    return GetScripted(Replies(body, "Content-Encoding: " + encoding + "\r\n"), options);
 }
 
 // --- size
@@ -33,8 +27,7 @@ TEST(TransferLimits, TakesABodyOfExactlyTheLimit)
 {
     const std::string body(kLimit, 'x');
 
-    const Outcome outcome = GetScripted(
-        [&body](Connection &connection, const std::string &) { connection.Reply(body); });
+    const Outcome outcome = GetScripted(Replies(body));
 
     EXPECT_EQ(outcome.result, 1) << outcome.error.toStdString();
     EXPECT_EQ(outcome.text.size(), 16777216);
@@ -45,10 +38,7 @@ TEST(TransferLimits, RefusesOneByteMore)
 {
     const std::string body(kLimit + 1, 'x');
 
-    ExpectFailed(GetScripted([&body](Connection &connection, const std::string &) {
-                     connection.Reply(body);
-                 }),
-                 "Maximum file size exceeded");
+    ExpectFailed(GetScripted(Replies(body)), "Maximum file size exceeded");
 }
 
 TEST(TransferLimits, CountsChunksToo)
@@ -166,9 +156,7 @@ TEST(TransferLimits, StopsAGzipBomb)
 
 TEST(TransferLimits, GivesUpAServerThatSaysNothing)
 {
-    ExpectFailed(GetScripted([](Connection &connection, const std::string &) { connection.Hold(); },
-                             {.idleTimeout = 50ms}),
-                 "No data received for 50 milliseconds");
+    ExpectFailed(GetScripted(Hold, {.idleTimeout = 50ms}), "No data received for 50 milliseconds");
 }
 
 TEST(TransferLimits, GivesUpAServerThatStopsInTheHead)

@@ -7,8 +7,6 @@
 
 namespace {
 
-using Connection = LoopbackConnection;
-
 void AnswerLargeOrSmall(Connection &connection, const std::string &head)
 {
     if (head.find("GET /large") != 0) {

@@ -2,8 +2,6 @@
 
 namespace {
 
-using Connection = LoopbackConnection;
-
 /// "/3" points to "/2" and so on; "/0" is the page.
 void CountDown(Connection &connection, const std::string &head)
 {
@@ -16,9 +14,7 @@ void CountDown(Connection &connection, const std::string &head)
 
 Outcome GetRedirectedTo(const std::string &location)
 {
-    return GetScripted([&location](Connection &connection, const std::string &) {
-        connection.Redirect(location);
-    });
+    return GetScripted(RedirectsTo(location));
 }
 
 TEST(TransferRedirect, FollowsFive)
@@ -41,8 +37,7 @@ TEST(TransferRedirect, RefusesTheSixth)
 
 TEST(TransferRedirect, EndsALoop)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Redirect("/"); });
+    const LoopbackServer server(RedirectsTo("/"));
 
     ExpectFailed(Get(server.Url()));
 
@@ -66,11 +61,8 @@ TEST(TransferRedirect, FollowsEveryKind)
 
 TEST(TransferRedirect, GoesToAnotherServer)
 {
-    const LoopbackServer second(
-        [](Connection &connection, const std::string &) { connection.Reply("second"); });
-    const LoopbackServer first([&second](Connection &connection, const std::string &) {
-        connection.Redirect(second.Url("/a b"));
-    });
+    const LoopbackServer second(Replies("second"));
+    const LoopbackServer first(RedirectsTo(second.Url("/a b")));
 
     ExpectReceived(Get(first.Url()), u"second");
 
@@ -79,8 +71,7 @@ TEST(TransferRedirect, GoesToAnotherServer)
 
 TEST(TransferRedirect, HandsThePasswordToItsOwnServerOnly)
 {
-    const LoopbackServer second(
-        [](Connection &connection, const std::string &) { connection.Reply("second"); });
+    const LoopbackServer second(Replies("second"));
     const LoopbackServer first([&second](Connection &connection, const std::string &head) {
         connection.Redirect(head.find("GET /here ") == 0 ? "/there" : second.Url());
     });

@@ -6,13 +6,9 @@
 
 namespace {
 
-using Connection = LoopbackConnection;
-
 TEST(TransferReply, DeliversTheBody)
 {
-    const LoopbackServer server([](Connection &connection, const std::string &) {
-        connection.Reply("TEMP 21 C\r\nWIND calm\r\n");
-    });
+    const LoopbackServer server(Replies("TEMP 21 C\r\nWIND calm\r\n"));
 
     ExpectReceived(Get(server.Url("/obs?id=KBOS")), u"TEMP 21 C\r\nWIND calm\r\n");
 
@@ -22,8 +18,7 @@ TEST(TransferReply, DeliversTheBody)
 
 TEST(TransferReply, SaysWhoAsksAndTakesGzip)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Reply("x"); });
+    const LoopbackServer server(Replies("x"));
 
     ExpectReceived(Get(server.Url()), u"x");
 
@@ -34,8 +29,7 @@ TEST(TransferReply, SaysWhoAsksAndTakesGzip)
 
 TEST(TransferReply, NamesTheContactOfTheEnvironmentOnOneLine)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Reply("x"); });
+    const LoopbackServer server(Replies("x"));
     qputenv("TAVRIN_CONTACT", "radio@example.org\r\nX-Injected: yes");
 
     const Outcome outcome = Get(server.Url());
@@ -51,8 +45,7 @@ TEST(TransferReply, NamesTheContactOfTheEnvironmentOnOneLine)
 
 TEST(TransferReply, SendsAnAddressWithBlanksAndLettersOutsideAsciiEncoded)
 {
-    const LoopbackServer server(
-        [](Connection &connection, const std::string &) { connection.Reply("x"); });
+    const LoopbackServer server(Replies("x"));
 
     ExpectReceived(Get(server.Url("/S\xC3\xA3o Paulo%20BR\r\nX-Injected: yes")), u"x");
 
@@ -63,9 +56,7 @@ TEST(TransferReply, SendsAnAddressWithBlanksAndLettersOutsideAsciiEncoded)
 
 TEST(TransferReply, DeliversAnEmptyBodyAsASuccess)
 {
-    ExpectReceived(
-        GetScripted([](Connection &connection, const std::string &) { connection.Reply(""); }),
-        u"");
+    ExpectReceived(GetScripted(Replies("")), u"");
     ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
                        connection.Send("HTTP/1.1 204 No Content\r\n\r\n");
                    }),
@@ -93,44 +84,31 @@ TEST(TransferReply, PassesOverAnInterimReply)
 
 TEST(TransferReply, TakesABodyThatEndsWithTheConnection)
 {
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Send("HTTP/1.0 200 OK\r\n\r\nold style");
-                       connection.CloseAfterwards();
-                   }),
-                   u"old style");
+    ExpectReceived(GetScripted(SendsAndCloses("HTTP/1.0 200 OK\r\n\r\nold style")), u"old style");
 }
 
 TEST(TransferReply, KeepsNulBytes)
 {
     const std::array<char16_t, 5> expected = {u'a', 0, u'b', 0, u'c'};
 
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Reply(std::string("a\0b\0c", 5));
-                   }),
+    ExpectReceived(GetScripted(Replies(std::string("a\0b\0c", 5))),
                    QStringView(expected.data(), 5));
 }
 
 TEST(TransferReply, ReadsTheCharsetOfTheHeader)
 {
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Reply("21 \xB0"
-                                        "C",
-                                        "Content-Type: text/plain; charset=ISO-8859-1\r\n");
-                   }),
+    ExpectReceived(GetScripted(Replies("21 \xB0"
+                                       "C",
+                                       "Content-Type: text/plain; charset=ISO-8859-1\r\n")),
                    u"21 \u00B0C");
 }
 
 TEST(TransferReply, ReadsUtf8AndElseWindows1252WhenNothingIsSaid)
 {
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Reply("21 \xC2\xB0"
-                                        "C");
-                   }),
+    ExpectReceived(GetScripted(Replies("21 \xC2\xB0"
+                                       "C")),
                    u"21 \u00B0C");
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Reply("\x80 21 \xB0");
-                   }),
-                   u"\u20AC 21 \u00B0");
+    ExpectReceived(GetScripted(Replies("\x80 21 \xB0")), u"\u20AC 21 \u00B0");
 }
 
 struct StatusCase
@@ -153,9 +131,8 @@ TEST_P(TransferStatus, FailsWithoutTheErrorPage)
 {
     const StatusCase &c = GetParam();
 
-    const Outcome outcome = GetScripted([&c](Connection &connection, const std::string &) {
-        connection.Reply("<html>TEMP 99</html>", "Content-Type: text/html\r\n", c.status);
-    });
+    const Outcome outcome =
+        GetScripted(Replies("<html>TEMP 99</html>", "Content-Type: text/html\r\n", c.status));
 
     ExpectFailed(outcome, c.error);
 }
@@ -167,35 +144,39 @@ const StatusCase kStatusCases[] = {
     {.name = "MultipleChoices", .status = "300 Multiple Choices", .error = "HTTP 300"},
     {.name = "NotModified", .status = "304 Not Modified", .error = "HTTP 304"},
     {.name = "RedirectWithoutLocation", .status = "302 Found", .error = "HTTP 302"},
+    {.name = "PartNobodyAskedFor", .status = "206 Partial Content", .error = "HTTP 206"},
+    {.name = "DifferenceNobodyAskedFor", .status = "226 IM Used", .error = "HTTP 226"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Table, TransferStatus, testing::ValuesIn(kStatusCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
+TEST(TransferReply, TakesOtherStatusesThatMeanSuccess)
+{
+    for (const char *status : {"201 Created", "203 Non-Authoritative Information",
+                               "205 Reset Content", "207 Multi-Status", "225 x", "299 x"}) {
+        SCOPED_TRACE(status);
+        ExpectReceived(GetScripted(Replies("TEMP 21", {}, status)), u"TEMP 21");
+    }
+}
+
 TEST(TransferReply, FailsWhenTheBodyIsShorterThanSaid)
 {
-    ExpectFailed(GetScripted([](Connection &connection, const std::string &) {
-        connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nTEMP 2");
-        connection.CloseAfterwards();
-    }));
+    ExpectFailed(
+        GetScripted(SendsAndCloses("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nTEMP 2")));
 }
 
 TEST(TransferReply, TakesNoMoreThanTheLengthSaid)
 {
-    ExpectReceived(GetScripted([](Connection &connection, const std::string &) {
-                       connection.Send(
-                           "HTTP/1.1 200 OK\r\nContent-Length: 7\r\n\r\nTEMP 21 and more");
-                       connection.CloseAfterwards();
-                   }),
-                   u"TEMP 21");
+    ExpectReceived(
+        GetScripted(SendsAndCloses("HTTP/1.1 200 OK\r\nContent-Length: 7\r\n\r\nTEMP 21 and more")),
+        u"TEMP 21");
 }
 
 TEST(TransferReply, FailsWhenTheChunksBreakOff)
 {
-    ExpectFailed(GetScripted([](Connection &connection, const std::string &) {
-        connection.Send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nTEMP\r\n");
-        connection.CloseAfterwards();
-    }));
+    ExpectFailed(GetScripted(
+        SendsAndCloses("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nTEMP\r\n")));
 }
 
 TEST(TransferReply, FailsWhenTheConnectionEndsInTheHead)
@@ -205,10 +186,7 @@ TEST(TransferReply, FailsWhenTheConnectionEndsInTheHead)
           "HTTP/1.1 200 OK\r\nServer: x\r\n", "HTTP/1.1 100 Continue\r\n\r\n",
           "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\n"}) {
         SCOPED_TRACE(head);
-        ExpectFailed(GetScripted([head](Connection &connection, const std::string &) {
-            connection.Send(head);
-            connection.CloseAfterwards();
-        }));
+        ExpectFailed(GetScripted(SendsAndCloses(head)));
     }
 }
 
@@ -224,10 +202,7 @@ TEST(TransferReply, FailsWhenTheConnectionIsReset)
 
 TEST(TransferReply, FailsWhenTheAnswerIsNoHttp)
 {
-    ExpectFailed(GetScripted([](Connection &connection, const std::string &) {
-        connection.Send("220 mail.example.org ready\r\n");
-        connection.CloseAfterwards();
-    }));
+    ExpectFailed(GetScripted(SendsAndCloses("220 mail.example.org ready\r\n")));
 }
 
 TEST(TransferReply, FailsWhenNobodyListens)
@@ -243,8 +218,7 @@ TEST(TransferReply, FailsWhenNobodyListens)
 
 TEST(TransferReply, GoesThroughTheProxyOfTheEnvironment)
 {
-    const LoopbackServer proxy(
-        [](Connection &connection, const std::string &) { connection.Reply("by proxy"); });
+    const LoopbackServer proxy(Replies("by proxy"));
     qputenv("http_proxy", QByteArray::fromStdString(proxy.Url()));
 
     const Outcome outcome = Get("http://weather.example/obs");
@@ -282,12 +256,11 @@ TEST(TransferReply, KeepsTheConnectionsOfSixTransfersForTheNextSix)
     for (int round = 0; round < 3; ++round) {
         expected += 6;
         std::vector<TransferHandle> handles;
-        for (int i = 0; i < 6; ++i) {
-            handles.push_back(transfers.Net_HTTPThreadOpen(QStringLiteral("80")));
-            transfers.Net_HTTPThreadGet(handles.back(), QString::fromStdString(server.Url()));
-        }
+        handles.reserve(6);
+        for (int i = 0; i < 6; ++i)
+            handles.push_back(Start(transfers, server.Url()));
         for (const TransferHandle handle : handles) {
-            EXPECT_TRUE(WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); }));
+            EXPECT_TRUE(WaitForEnd(transfers, handle));
             transfers.Net_HTTPThreadClose(handle);
         }
     }

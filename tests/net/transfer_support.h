@@ -9,6 +9,56 @@
 
 #include <string>
 
+using Connection = LoopbackConnection;
+
+// --- what servers do
+
+inline void SayHello(Connection &connection, const std::string & /*head*/)
+{
+    connection.Reply("hello");
+}
+
+inline void Hold(Connection &connection, const std::string & /*head*/)
+{
+    connection.Hold();
+}
+
+inline LoopbackServer::Script Replies(const std::string &body, const std::string &headers = {},
+                                      const std::string &status = "200 OK")
+{
+    return [=](Connection &connection, const std::string &) {
+        connection.Reply(body, headers, status);
+    };
+}
+
+inline LoopbackServer::Script RedirectsTo(const std::string &location)
+{
+    return [=](Connection &connection, const std::string &) { connection.Redirect(location); };
+}
+
+inline LoopbackServer::Script SendsAndCloses(const std::string &bytes)
+{
+    return [=](Connection &connection, const std::string &) {
+        connection.Send(bytes);
+        connection.CloseAfterwards();
+    };
+}
+
+// --- transfers
+
+/// Opens a transfer and starts the GET of `url`.
+inline TransferHandle Start(HttpTransfers &transfers, const std::string &url)
+{
+    const TransferHandle handle = transfers.Net_HTTPThreadOpen(QStringLiteral("80"));
+    EXPECT_TRUE(transfers.Net_HTTPThreadGet(handle, QString::fromStdString(url)));
+    return handle;
+}
+
+[[nodiscard]] inline bool WaitForEnd(const HttpTransfers &transfers, TransferHandle handle)
+{
+    return WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); });
+}
+
 /// How a transfer ended, as its owner sees it.
 struct Outcome
 {
@@ -16,17 +66,18 @@ struct Outcome
     int result = -1; ///< Of Net_HTTPThreadReturnText().
     QString text = QStringLiteral("untouched");
     QString error = {};
+    Reply reply = {};
 };
 
 /// Takes one transfer through its whole life: open, get, done, text, close.
 inline Outcome GetFrom(HttpTransfers &transfers, const std::string &url)
 {
     Outcome outcome;
-    const TransferHandle handle = transfers.Net_HTTPThreadOpen(QStringLiteral("80"));
-    transfers.Net_HTTPThreadGet(handle, QString::fromStdString(url));
-    outcome.ended = WaitUntil([&] { return transfers.Net_HTTPThreadIsDone(handle); });
+    const TransferHandle handle = Start(transfers, url);
+    outcome.ended = WaitForEnd(transfers, handle);
     outcome.result = transfers.Net_HTTPThreadReturnText(handle, outcome.text);
-    outcome.error = transfers.ErrorText(handle);
+    outcome.reply = transfers.Net_HTTPThreadReply(handle);
+    outcome.error = outcome.reply.errorText;
     transfers.Net_HTTPThreadClose(handle);
     return outcome;
 }
@@ -50,6 +101,8 @@ inline void ExpectReceived(const Outcome &outcome, QStringView text)
     EXPECT_TRUE(outcome.ended);
     EXPECT_EQ(outcome.result, 1) << outcome.error.toStdString();
     EXPECT_EQ(outcome.text, text);
+    EXPECT_EQ(outcome.reply.text, text);
+    EXPECT_EQ(outcome.reply.error, 0);
     EXPECT_EQ(outcome.error, QString());
 }
 
@@ -58,6 +111,8 @@ inline void ExpectFailed(const Outcome &outcome)
     EXPECT_TRUE(outcome.ended);
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.text, QString()) << "a failed transfer delivers no text";
+    EXPECT_EQ(outcome.reply.text, QString());
+    EXPECT_GT(outcome.reply.error, 0);
     EXPECT_NE(outcome.error, QString());
 }
 

@@ -4,8 +4,6 @@
 
 namespace {
 
-using Connection = LoopbackConnection;
-
 class TransferTls : public testing::Test
 {
 protected:
@@ -16,11 +14,6 @@ protected:
 
     const TestCertificates m_certificates;
 };
-
-void SayHello(Connection &connection, const std::string & /*head*/)
-{
-    connection.Reply("hello");
-}
 
 TEST_F(TransferTls, DeliversFromATrustedServer)
 {
@@ -81,9 +74,7 @@ TEST_F(TransferTls, GivesUpAServerThatDoesNotAnswerInTls)
 TEST_F(TransferTls, GoesFromHttpToHttps)
 {
     const LoopbackServer secure(SayHello, m_certificates.ServerContext());
-    const LoopbackServer plain([&secure](Connection &connection, const std::string &) {
-        connection.Redirect(secure.Url());
-    });
+    const LoopbackServer plain(RedirectsTo(secure.Url()));
 
     ExpectReceived(Get(plain.Url(), Trusting()), u"hello");
 }
@@ -91,9 +82,7 @@ TEST_F(TransferTls, GoesFromHttpToHttps)
 TEST_F(TransferTls, NeverGoesFromHttpsToHttp)
 {
     const LoopbackServer plain(SayHello);
-    const LoopbackServer secure(
-        [&plain](Connection &connection, const std::string &) { connection.Redirect(plain.Url()); },
-        m_certificates.ServerContext());
+    const LoopbackServer secure(RedirectsTo(plain.Url()), m_certificates.ServerContext());
 
     ExpectFailed(Get(secure.Url(), Trusting()), "Redirect from https to http refused");
 
@@ -103,12 +92,8 @@ TEST_F(TransferTls, NeverGoesFromHttpsToHttp)
 TEST_F(TransferTls, NeverGoesBackToHttpAfterBeginningThere)
 {
     const LoopbackServer last(SayHello);
-    const LoopbackServer secure(
-        [&last](Connection &connection, const std::string &) { connection.Redirect(last.Url()); },
-        m_certificates.ServerContext());
-    const LoopbackServer first([&secure](Connection &connection, const std::string &) {
-        connection.Redirect(secure.Url());
-    });
+    const LoopbackServer secure(RedirectsTo(last.Url()), m_certificates.ServerContext());
+    const LoopbackServer first(RedirectsTo(secure.Url()));
 
     ExpectFailed(Get(first.Url(), Trusting()), "Redirect from https to http refused");
 

@@ -17,11 +17,11 @@ WeatherProfile Harbour()
     return profile;
 }
 
-QString PlaceOf(const CheckedReply &reply, QString WeatherValues::*value)
+QString PlaceOf(const CheckedReply &reply, Quantity value)
 {
     qsizetype i = 0;
-    for (const WeatherValueField &field : kWeatherValueFields) {
-        if (field.value == value)
+    for (const Quantity quantity : kValues) {
+        if (quantity == value)
             return reply.places.value(i);
         ++i;
     }
@@ -32,11 +32,11 @@ TEST(CheckedReply, HoldsAPlaceForEachValue)
 {
     const CheckedReply reply = CheckReply(Harbour(), "r", "Air 5;", kNow);
 
-    EXPECT_EQ(reply.places.size(), qsizetype(kWeatherValueFields.size()));
+    EXPECT_EQ(reply.places.size(), qsizetype(kValues.size()));
     EXPECT_TRUE(reply.parsed);
-    EXPECT_EQ(reply.values.temperatureValue, QString("5.0 C"));
-    EXPECT_EQ(reply.values.timeValue, QString("3/5/2026 6:07:08 AM"));
-    EXPECT_EQ(reply.values.locationValue, QString("PIER"));
+    EXPECT_EQ(reply.values[Quantity::Temperature], QString("5.0 C"));
+    EXPECT_EQ(reply.values[Quantity::Time], QString("3/5/2026 6:07:08 AM"));
+    EXPECT_EQ(reply.values[Quantity::Location], QString("PIER"));
 }
 
 TEST(CheckedReply, CountsPositionsInTheSearchedTextFromOne)
@@ -44,10 +44,8 @@ TEST(CheckedReply, CountsPositionsInTheSearchedTextFromOne)
     // The search does not see line ends.
     const CheckedReply reply = CheckReply(Harbour(), "r", "Air 5;\r\n\tSky fair;", kNow);
 
-    EXPECT_EQ(PlaceOf(reply, &WeatherValues::temperatureValue),
-              QString("opening tag at 1, closing tag at 6"));
-    EXPECT_EQ(PlaceOf(reply, &WeatherValues::conditionsValue),
-              QString("opening tag at 7, closing tag at 15"));
+    EXPECT_EQ(PlaceOf(reply, Quantity::Temperature), QString("opening tag at 1, closing tag at 6"));
+    EXPECT_EQ(PlaceOf(reply, Quantity::Conditions), QString("opening tag at 7, closing tag at 15"));
 }
 
 TEST(CheckedReply, LooksUpWhatIsRequiredThoughTheServiceHasNone)
@@ -59,8 +57,8 @@ TEST(CheckedReply, LooksUpWhatIsRequiredThoughTheServiceHasNone)
 
     EXPECT_FALSE(reply.parsed);
     EXPECT_EQ(reply.status, QString("Required value not found in received data: precip"));
-    EXPECT_EQ(PlaceOf(reply, &WeatherValues::precipValue), QString("opening tag missing"));
-    EXPECT_EQ(PlaceOf(CheckReply(Harbour(), "r", "Air 5;", kNow), &WeatherValues::precipValue),
+    EXPECT_EQ(PlaceOf(reply, Quantity::Precip), QString("opening tag missing"));
+    EXPECT_EQ(PlaceOf(CheckReply(Harbour(), "r", "Air 5;", kNow), Quantity::Precip),
               QString("the profile says that the service has none"));
 }
 

@@ -2,11 +2,11 @@
 // with a click on "Get Weather Now" and ends with the output file. Resident memory after the last
 // one may be 2 % above that after the thousandth.
 
-#include "app/frm_main.h"
 #include "net/curl_transfers.h"
 #include "support/child_program.h"
 #include "support/fake_panel_icon.h"
 #include "support/fixed_clock.h"
+#include "support/whole_program.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -51,15 +51,15 @@ int OpenFiles()
 }
 
 /// One cycle, from the click to the file. @return false when its end does not come.
-bool RunCycle(frmMain &window, const ProgramState &state)
+bool RunCycle(WholeProgram &program)
 {
-    QTest::mouseClick(window.findChild<QPushButton *>("btnGetWeather"), Qt::LeftButton);
+    QTest::mouseClick(program.window.findChild<QPushButton *>("btnGetWeather"), Qt::LeftButton);
     const QDeadlineTimer deadline(30s);
-    while (state.WeatherThreadHandle != 0 && !deadline.hasExpired()) {
+    while (program.station.WeatherThreadHandle() != 0 && !deadline.hasExpired()) {
         QCoreApplication::processEvents();
-        window.tmrMain_Timer(); // as often as it can be, instead of four times a second
+        program.window.tmrMain_Timer(); // as often as it can be, instead of four times a second
     }
-    return state.WeatherThreadHandle == 0;
+    return program.station.WeatherThreadHandle() == 0;
 }
 
 } // namespace
@@ -85,12 +85,9 @@ int main(int argc, char *argv[])
 
     FixedClock clock(QDateTime(QDate(2026, 11, 20), QTime(12, 30)));
     CurlTransfers http;
-    ProgramState state;
-    state.files.folder = folder.path();
     FakePanelIcon panelIcon;
-    const Platform platform{clock, http, panelIcon};
-    frmMain window(state, platform, [](auto &&...) { return true; });
-    if (window.Form_Load({}))
+    WholeProgram program({.folder = folder.path()}, {clock, http, panelIcon});
+    if (program.window.Form_Load({}))
         return Fail("the window does not start");
 
     const QByteArray expected = Bytes(TAVRIN_TEST_DATA "/e2e/observation_weather.ini");
@@ -98,7 +95,7 @@ int main(int argc, char *argv[])
     int openFiles = 0;
     for (int cycle = 1; cycle <= kCycles; ++cycle) {
         QFile::remove(folder.filePath("Weather.ini"));
-        if (!RunCycle(window, state))
+        if (!RunCycle(program))
             return Fail("no end of cycle " + QString::number(cycle));
         if (Bytes(folder.filePath("Weather.ini")) != expected)
             return Fail("another output file in cycle " + QString::number(cycle));

@@ -5,10 +5,10 @@
 //   soak_sessions [seconds]                     600 if nothing is given
 //   soak_sessions --one FOLDER [COMMAND]        one of the five
 
-#include "app/frm_main.h"
 #include "net/curl_transfers.h"
 #include "support/child_program.h"
 #include "support/fake_panel_icon.h"
+#include "support/whole_program.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -64,12 +64,12 @@ int RunSession(const QString &folder, const QString &command)
 {
     const SystemClock clock;
     CurlTransfers http;
-    ProgramState state;
-    state.files.folder = folder;
     FakePanelIcon panelIcon;
-    const Platform platform{clock, http, panelIcon};
-    frmMain window(state, platform, [](auto &&...) { return true; });
-    if (window.Form_Load(command))
+    const CommandLine commandLine = ReadCommandLine({command});
+    WholeProgram program({.folder = folder, .SessionId = commandLine.sessionId},
+                         {clock, http, panelIcon});
+    frmMain &window = program.window;
+    if (window.Form_Load(commandLine))
         return Fail("the window does not start");
     auto *button = window.findChild<QPushButton *>("btnGetWeather");
     QTimer clicks;

@@ -17,8 +17,10 @@ class ChildProgram
 public:
     explicit ChildProgram(
         const QString &program, const QStringList &arguments = {},
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+        const QString &folder = {})
     {
+        m_process.setWorkingDirectory(folder);
         m_process.setProcessEnvironment(environment);
         // Also when the test is killed, by a time-out for example.
         m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
@@ -40,6 +42,13 @@ public:
                && m_process.waitForReadyRead(int(deadline.remainingTime()))) {
         }
         return QString::fromUtf8(m_process.readLine()).trimmed();
+    }
+
+    /// Gives the program something to read.
+    void Write(const QByteArray &bytes)
+    {
+        m_process.write(bytes);
+        m_process.waitForBytesWritten();
     }
 
     /// Also after its end; 0 when it could not be started.

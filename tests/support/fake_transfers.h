@@ -17,10 +17,7 @@ public:
         QString port = {};
         QString url = {};
         bool done = false;
-        bool failed = false;
-        QString text = {};
-        QString error = {};
-        int errorNumber = 0;
+        Reply reply = {};
     };
 
     [[nodiscard]] TransferHandle Net_HTTPThreadOpen(const QString &port) override
@@ -40,8 +37,7 @@ public:
             return false;
         found->second.url = url;
         found->second.done = refuseGet;
-        found->second.failed = refuseGet;
-        found->second.errorNumber = refuseGet ? kRefusedUrl : 0;
+        found->second.reply.error = refuseGet ? kRefusedUrl : 0;
         return !refuseGet;
     }
 
@@ -54,27 +50,23 @@ public:
     int Net_HTTPThreadReturnText(TransferHandle handle, QString &text) override
     {
         const auto found = open.find(handle);
-        const bool delivered = found != open.end() && found->second.done && !found->second.failed;
-        text = delivered ? found->second.text : QString();
+        const bool delivered =
+            found != open.end() && found->second.done && found->second.reply.error == 0;
+        text = delivered ? found->second.reply.text : QString();
         return delivered ? 1 : 0;
+    }
+
+    [[nodiscard]] Reply Net_HTTPThreadReply(TransferHandle handle) const override
+    {
+        const auto found = open.find(handle);
+        const bool ended = found != open.end() && found->second.done;
+        return ended ? found->second.reply : Reply{.error = kNoReply};
     }
 
     void Net_HTTPThreadClose(TransferHandle handle) override
     {
         calls.append(QStringLiteral("close ") + QString::number(handle));
         open.erase(handle);
-    }
-
-    [[nodiscard]] QString ErrorText(TransferHandle handle) const override
-    {
-        const auto found = open.find(handle);
-        return found == open.end() ? QString() : found->second.error;
-    }
-
-    [[nodiscard]] int ErrorNumber(TransferHandle handle) const override
-    {
-        const auto found = open.find(handle);
-        return found == open.end() ? 0 : found->second.errorNumber;
     }
 
     int Net_HttpGetText(const QString &url, QString &text) override
@@ -87,21 +79,21 @@ public:
         return 0;
     }
 
-    /// Ends the transfer as received with `text`.
-    void Finish(TransferHandle handle, const QString &text)
+    /// Ends the transfer with `reply`.
+    void Finish(TransferHandle handle, Reply reply)
     {
         open[handle].done = true;
-        open[handle].text = text;
+        open[handle].reply = std::move(reply);
     }
+
+    /// Ends the transfer as received with `text`.
+    void Finish(TransferHandle handle, const QString &text) { Finish(handle, Reply{.text = text}); }
 
     /// Ends the transfer as failed.
     void Fail(TransferHandle handle, const QString &error = QStringLiteral("failed"),
               int errorNumber = 1)
     {
-        open[handle].done = true;
-        open[handle].failed = true;
-        open[handle].error = error;
-        open[handle].errorNumber = errorNumber;
+        Finish(handle, Reply{.error = errorNumber, .errorText = error});
     }
 
     std::map<TransferHandle, Transfer> open;

@@ -2,9 +2,11 @@
 
 #include "core/clock.h"
 
+#include <chrono>
 #include <utility>
 
-/// A clock that stands still until the test moves it.
+/// A clock that stands still until the test moves it. Setting it is what a person does to a clock:
+/// no time passes by that.
 class FixedClock final : public Clock
 {
 public:
@@ -12,8 +14,15 @@ public:
 
     [[nodiscard]] QDateTime Now() const override { return m_now; }
     void Set(const QDateTime &now) { m_now = now; }
-    void AdvanceSeconds(qint64 seconds) { m_now = m_now.addSecs(seconds); }
+    [[nodiscard]] std::chrono::nanoseconds SinceBoot() const override { return m_sinceBoot; }
+    void AdvanceSeconds(qint64 seconds) { Advance(std::chrono::seconds(seconds)); }
+    void Advance(std::chrono::milliseconds time)
+    {
+        m_now = m_now.addMSecs(time.count());
+        m_sinceBoot += time;
+    }
 
 private:
     QDateTime m_now;
+    std::chrono::nanoseconds m_sinceBoot{std::chrono::hours(1)};
 };

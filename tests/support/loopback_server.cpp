@@ -84,24 +84,35 @@ long LoopbackConnection::Receive(char *bytes, size_t size)
                             : recv(m_socket, bytes, size, 0);
 }
 
-std::string LoopbackConnection::ReadHead()
+/// Waits for more bytes and puts them behind those that are not read yet.
+bool LoopbackConnection::ReceiveMore()
 {
     std::array<char, 4096> chunk = {};
-    for (;;) {
-        const size_t end = m_received.find("\r\n\r\n");
-        if (end != std::string::npos) {
-            std::string head = m_received.substr(0, end + 4);
-            m_received.erase(0, end + 4);
-            return head;
-        }
-        const long size =
-            m_open && WaitReadable(kForever) ? Receive(chunk.data(), chunk.size()) : 0;
-        if (size <= 0) {
-            m_open = false;
-            return {};
-        }
+    const long size = m_open && WaitReadable(kForever) ? Receive(chunk.data(), chunk.size()) : 0;
+    if (size > 0)
         m_received.append(chunk.data(), static_cast<size_t>(size));
+    else
+        m_open = false;
+    return m_open;
+}
+
+std::string LoopbackConnection::ReadHead()
+{
+    size_t end = m_received.find("\r\n\r\n");
+    for (; end == std::string::npos; end = m_received.find("\r\n\r\n")) {
+        if (!ReceiveMore())
+            return {};
     }
+    return Read(end + 4);
+}
+
+std::string LoopbackConnection::Read(size_t size)
+{
+    while (m_received.size() < size && ReceiveMore()) {
+    }
+    std::string bytes = m_received.substr(0, size);
+    m_received.erase(0, size);
+    return bytes;
 }
 
 bool LoopbackConnection::Send(const std::string &bytes)

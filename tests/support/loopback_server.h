@@ -26,6 +26,9 @@ public:
     /// Reads one request's head; empty when the connection ended or the server stops.
     [[nodiscard]] std::string ReadHead();
 
+    /// Reads that many bytes; fewer when the connection ended or the server stops.
+    [[nodiscard]] std::string Read(size_t size);
+
     /// Sends all of `bytes`; false when the other side is gone.
     bool Send(const std::string &bytes);
 
@@ -51,6 +54,7 @@ public:
 private:
     [[nodiscard]] bool WaitReadable(int milliseconds);
     [[nodiscard]] long Receive(char *bytes, size_t size);
+    [[nodiscard]] bool ReceiveMore();
 
     int m_socket;
     int m_stopSignal;

@@ -119,7 +119,7 @@ double Tenths(double value)
     return std::round(value * 10) / 10;
 }
 
-/// A wave round the clock: 1 at the hour of its `crest`, -1 twelve hours from there.
+/// A wave around the clock: 1 at the hour `crest`, -1 twelve hours from there.
 double Wave(QTime time, int crest)
 {
     const double hours = time.msecsSinceStartOfDay() / 3'600'000.0;
@@ -174,7 +174,7 @@ DayWeather WeatherAt(const Station &station, QTime local)
     weather.temperatureC = Tenths(station.meanC + station.swingC * Wave(local, 15));
     weather.dewPointC = std::min(station.dewPointC, weather.temperatureC);
     weather.humidity = HumidityPercent(weather.temperatureC, weather.dewPointC);
-    // Half of the wind keeps on, the other half sleeps at night.
+    // Half of the wind is constant, the other half drops at night.
     weather.windKnots = int(std::lround(station.windKnots * (0.75 + 0.25 * Wave(local, 14))));
     if (weather.windKnots > 0)
         weather.windDegrees = WindDirection(station.windDegrees, local.hour());

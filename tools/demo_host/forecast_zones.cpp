@@ -48,7 +48,7 @@ constexpr std::array<QStringView, 11> kTownEnds{u"bridge", u"brook", u"dale", u"
 constexpr std::array<QStringView, 4> kCountyBegins{u"Northern", u"Southern", u"Eastern",
                                                    u"Western"};
 
-/// Different for all indexes below 143, since the lists' lengths have no common factor.
+/// Different for all indexes below 143, because the lists' lengths have no common factor.
 QString Town(int index)
 {
     return u"%1%2"_s.arg(kTownBegins[std::size_t(index) % kTownBegins.size()],
@@ -88,8 +88,8 @@ QString Names(const ForecastState &state, int number)
     return counties.toUpper() + u'\n' + Wrapped(old) + u'\n';
 }
 
-/// Most files are of today. Every eighth is long dead; among the others some were last renewed on
-/// one of the days before, some stored by a clock ahead of this one.
+/// Most files are from today. Every eighth is long dead; some of the others were last renewed on
+/// one of the days before, and some were stored by a clock that is ahead of this one.
 int AgeDays(int number)
 {
     if (number % 8 == 0)
@@ -147,7 +147,7 @@ QList<ForecastZone> ForecastZones(const ForecastState &state)
         zones.append(Zone(state, state.neighbour, number));
     for (int number = 1; number <= state.zoneCount; ++number)
         zones.append(Zone(state, state.code, number));
-    // Laid down a second time by somebody who wrote the name in capitals.
+    // Stored a second time by somebody who wrote the name in capitals.
     ForecastZone capitals = zones.last();
     capitals.fileName = capitals.fileName.toUpper();
     zones.append(capitals);
@@ -160,7 +160,7 @@ QString Wrapped(const QString &text)
     QString lines;
     QStringView rest = text;
     while (rest.size() > kLineLength) {
-        // A blank at the break is dropped, dots stay on the line that they end.
+        // A blank at the break is dropped; dots stay on the line that they end.
         const qsizetype blank = rest.lastIndexOf(u' ', kLineLength);
         const qsizetype dots = rest.first(kLineLength).lastIndexOf(u"...");
         const qsizetype end = std::max(blank, dots <= 0 ? -1 : dots + 3);

@@ -10,42 +10,42 @@
 struct ForecastState
 {
     QStringView code = {};      ///< Two capital letters.
-    int zoneCount = 0;          ///< Zones of its own, numbered from 1.
+    int zoneCount = 0;          ///< Number of its own zones, which are numbered from 1.
     QStringView neighbour = {}; ///< State whose first zones are listed among its own.
     QStringView office = {};    ///< Four capital letters.
     QStringView officeName = {};
     int utcOffsetMinutes = 0;  ///< Of its local time, the whole year.
-    QStringView timeZone = {}; ///< What that time is called.
+    QStringView timeZone = {}; ///< The name of that time.
     int highF = 0;             ///< Highest temperature of a mean day, degrees Fahrenheit.
-    int lowF = 0;              ///< Lowest of a mean night.
-    bool capitals = false;     ///< Words forecasts as in the days of the teleprinter.
+    int lowF = 0;              ///< Lowest temperature of a mean night.
+    bool capitals = false;     ///< Writes forecasts as in the days of the teleprinter.
 };
 
-/// One zone and what is peculiar about its file.
+/// One zone and the peculiarities of its file.
 struct ForecastZone
 {
-    const ForecastState *state = nullptr; ///< Where it is listed; outlives the zone.
+    const ForecastState *state = nullptr; ///< Where it is listed; must outlive the zone.
     int number = 0;                       ///< 1..999.
     QString code = {};                    ///< "MDZ011".
     QString fileName = {};                ///< "mdz011.txt", in capitals for some.
     QString segment = {};                 ///< The zones that the text is for, this one first.
     QString names = {};                   ///< Lines with the places, each ended by LF.
-    int ageDays = 0;                      ///< Of its row; -1: dated by a clock ahead.
+    int ageDays = 0;                      ///< Of its row; -1: dated by a clock that is ahead.
     bool hasHeadline = false;             ///< A hazard is announced.
-    bool endsInTable = false;             ///< A table follows behind "&&".
+    bool endsInTable = false;             ///< A table follows after "&&".
     bool hasEndMark = true;               ///< "$$" ends the product.
 };
 
 /// All states of the host.
 [[nodiscard]] const std::array<ForecastState, 3> &ForecastStates();
 
-/// The state of that code, in lower case as addresses have it; null when there is none.
+/// The state with that code, in lower case as in addresses; null if there is none.
 [[nodiscard]] const ForecastState *FindForecastState(QStringView code);
 
-/// Everything that the state's folder holds, in the order of its listing: zones of the state, some
-/// of them stale or with a name in capitals, and of its neighbour.
+/// Everything in the state's folder, in the order of its listing: zones of the state, some of them
+/// stale or with a name in capitals, and zones of its neighbour.
 [[nodiscard]] QList<ForecastZone> ForecastZones(const ForecastState &state);
 
-/// Breaks a text into lines of 66 characters at most, at blanks and behind "...". The last line has
-/// no end.
+/// Breaks a text into lines of at most 66 characters, at blanks and after "...". The last line has
+/// no line end.
 [[nodiscard]] QString Wrapped(const QString &text);

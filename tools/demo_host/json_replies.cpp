@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kKmPerMile = 1.609344;
 constexpr double kKmPerKnot = 1.852;
-constexpr int kIntervalSeconds = 900; ///< The service's values change each quarter of an hour.
+constexpr int kIntervalSeconds = 900; ///< The service's values change every quarter of an hour.
 
 // The sun rises and sets at these hours everywhere and all year.
 constexpr QStringView kSunrise = u"06:30";
@@ -33,7 +33,7 @@ QString Date(const QDateTime &time, const QString &picture)
     return QLocale::c().toString(time, picture);
 }
 
-/// The wind's direction as a number; services call calm air north.
+/// The wind direction as a number; services report calm air as north.
 QString Direction(const DayWeather &weather)
 {
     return QString::number(weather.windDegrees % 360);
@@ -44,7 +44,7 @@ double Rain(const DayWeather &weather) // millimetres
     return weather.rain.isEmpty() ? 0 : 0.4;
 }
 
-/// A temperature in the units that `query` asks for.
+/// A temperature in the units that `query` requests.
 QString Temperature(double celsius, const AddressQuery &query)
 {
     const bool fahrenheit = query[u"temperature_unit"_s] == u"fahrenheit"_s;
@@ -106,7 +106,7 @@ QString Member(const QString &name, const QString &value)
     return u"\"%1\":%2"_s.arg(name, value);
 }
 
-/// The members of an object whose names a query lists; nothing when `value` does not know one.
+/// The members of an object whose names a query lists; nothing if `value` does not know one.
 template <typename Value>
 std::optional<QStringList> Members(const QString &names, Value value)
 {

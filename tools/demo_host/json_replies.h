@@ -8,22 +8,22 @@
 
 #include <optional>
 
-/// The part of an address behind the "?", names and values without escapes.
+/// The part of an address after the "?", with names and values unescaped.
 using AddressQuery = QMap<QString, QString>;
 
-/// Current values by position on one line, as Open-Meteo gives them: those that `query` asks for
-/// under "current" and "daily", in that order and in the units that it asks for. The station
-/// nearest to the position answers.
-/// @return nothing when the position or a quantity is none; the service answers 400 then.
+/// Current values by position on one line, in Open-Meteo's form: those that `query` requests under
+/// "current" and "daily", in that order and in the requested units. The station nearest to the
+/// position answers.
+/// @return nothing if the position or a quantity is invalid; the service then answers 400.
 [[nodiscard]] std::optional<QString> PositionReply(const AddressQuery &query, const QDateTime &utc);
 
-/// The latest observation of a station as api.weather.gov gives it, indented; what the station
-/// does not report is null.
+/// The latest observation of a station in api.weather.gov's form, indented; what the station does
+/// not report is null.
 [[nodiscard]] QString ObservationJson(const Station &station, const QDateTime &utc);
 
-/// The weather of a place as wttr.in gives it, indented. The service reports everything always,
+/// The weather of a place in wttr.in's form, indented. The service always reports everything,
 /// whatever the station lacks.
 [[nodiscard]] QString PlaceReply(const Station &station, const QDateTime &utc);
 
-/// The station of that code, or the first whose name begins with `place`; null: none.
+/// The station with that code, or the first whose name begins with `place`; null: none.
 [[nodiscard]] const Station *FindPlace(QStringView place);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kBadUsage = 2;
 
-/// How the station is found that an address names, and how a reply is made of it and the moment.
+/// How to find the station that an address names, and how to make a reply of it and the moment.
 using Find = const Station *(*)(QStringView name);
 using Reply = QString (*)(const Station &station, const QDateTime &utc);
 
@@ -95,14 +95,14 @@ void ServeAll(httplib::Server &server, const DemoClock &clock)
     Serve(server, "/([^/]+)", "application/json", clock, FindPlace, PlaceReply);
     server.set_error_handler([](const httplib::Request &request, httplib::Response &response) {
         if (!response.body.empty())
-            return; // it says already what is wrong
+            return; // the reply already says what is wrong
         const QString page = NotFoundPage(QString::fromStdString(request.path));
         response.set_content(page.toStdString(), "text/html");
     });
 }
 
-/// Listens on `port` of the loopback, 0: on a free one.
-/// @return the port, or -1 when it cannot be had.
+/// Listens on `port` of the loopback; 0: on a free one.
+/// @return the port, or -1 if it is not available.
 int Bind(httplib::Server &server, int port)
 {
     const char *const loopback = "127.0.0.1";
@@ -111,14 +111,14 @@ int Bind(httplib::Server &server, int port)
     return server.bind_to_port(loopback, port) ? port : -1;
 }
 
-/// Listens and serves until one of the signals comes.
+/// Listens and serves until one of the signals arrives.
 /// @return the exit code.
 int Run(const DemoOptions &options, const sigset_t &endSignals)
 {
     const DemoClock clock(options.time);
     httplib::Server server;
-    server.set_keep_alive_timeout(1); // seconds that the end waits for idle connections at most
-    // The library's own choice would share the port with a second host.
+    server.set_keep_alive_timeout(1); // seconds; longest wait for idle connections at the end
+    // The library's default would share the port with a second host.
     server.set_socket_options([](socket_t socket) {
         const int on = 1;
         setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
@@ -130,9 +130,9 @@ int Run(const DemoOptions &options, const sigset_t &endSignals)
         return 1;
     }
     std::thread listener([&server] { server.listen_after_bind(); });
-    while (!server.is_running()) // before that it could not be stopped
+    while (!server.is_running()) // it could not be stopped before that
         std::this_thread::yield();
-    // Flushed at once: scripts wait for the line.
+    // Flushed at once, because scripts wait for the line.
     std::cout << "Listening on http://127.0.0.1:" << port << std::endl;
 
     int received = 0;

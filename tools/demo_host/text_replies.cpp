@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kInchesPerHpa = 0.02953;
-constexpr int kEasternOffset = -5 * 3600; ///< Seconds; the reports' own clock, the whole year.
+constexpr int kEasternOffset = -5 * 3600; ///< Seconds; the reports' own clock, all year.
 
 QString Number(double value, int decimals)
 {
@@ -31,7 +31,7 @@ QString OffsetText(int minutes)
         .arg(size % 60, 2, 10, QChar(u'0'));
 }
 
-/// Wind chill in degrees Fahrenheit; nothing where it is too warm or too calm for one.
+/// Wind chill in degrees Fahrenheit; nothing if it is too warm or too calm for one.
 std::optional<double> WindChill(double fahrenheit, double milesPerHour)
 {
     if (fahrenheit > 50 || milesPerHour < 3)
@@ -59,7 +59,7 @@ QString DecodedWind(const DayWeather &weather)
         Number(MilesPerHour(weather.windKnots), 0), QString::number(weather.windKnots));
 }
 
-/// The lines that say how warm it is.
+/// The lines with the temperatures.
 QString DecodedWarmth(const DayWeather &weather)
 {
     QString lines = u"Temperature: "_s + Both(weather.temperatureC) + u'\n';

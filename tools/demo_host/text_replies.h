@@ -5,8 +5,8 @@
 #include <QDateTime>
 #include <QString>
 
-/// The decoded airport report of `station` at the moment `utc`: lines of "name: value", LF line
-/// ends. What the station does not report has no line.
+/// The decoded airport report of `station` at the moment `utc`: lines of "name: value" that end in
+/// LF. What the station does not report has no line.
 [[nodiscard]] QString DecodedReport(const Station &station, const QDateTime &utc);
 
 /// The current observation of `station` at the moment `utc` as XML, with CR LF and LF line ends

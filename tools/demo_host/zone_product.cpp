@@ -10,9 +10,9 @@ namespace {
 
 constexpr int kDays = 7;
 constexpr int kIssueHours = 3;                       ///< From one issue to the next.
-constexpr qint64 kExpirySeconds = qint64{12} * 3600; ///< From the issue on.
+constexpr qint64 kExpirySeconds = qint64{12} * 3600; ///< From the time of issue.
 
-/// The weather of one day and the night behind it.
+/// The weather of one day and the night after it.
 struct DayPattern
 {
     QStringView day = {};
@@ -40,7 +40,7 @@ constexpr std::array<DayPattern, kDays> kPatterns{{
     {u"Increasing clouds.", u"Light winds.", u"Partly cloudy.", 0, -4},
 }};
 
-/// Degrees Fahrenheit by the hour of issue.
+/// A shift in degrees Fahrenheit by the hour of issue.
 constexpr std::array<int, 24 / kIssueHours> kDrift{0, -1, -1, 0, 1, 2, 2, 1};
 
 QString Date(const QDateTime &time, const QString &picture)
@@ -55,7 +55,7 @@ QString IssueText(const ForecastState &state, const QDateTime &issued)
                              Date(issued, u"ddd MMM d yyyy"_s));
 }
 
-/// A temperature as forecasts word it: "in the lower 60s".
+/// A temperature in the words of a forecast: "in the lower 60s".
 QString Around(int fahrenheit)
 {
     const int units = fahrenheit % 10;
@@ -65,7 +65,7 @@ QString Around(int fahrenheit)
     return u"in the %1 %2s"_s.arg(part).arg(fahrenheit - units);
 }
 
-/// Collects the paragraphs of a product, one for each half of a day.
+/// Collects the paragraphs of a product, one for each half day.
 class Paragraphs
 {
 public:
@@ -114,7 +114,7 @@ QString Weekday(QDate date)
     return QLocale::c().toString(date, u"dddd"_s).toUpper();
 }
 
-/// Seven days from the one of issue on, or what is left of it.
+/// Seven days, beginning with what is left of the day of issue.
 QString Periods(const ForecastZone &zone, const QDateTime &issued)
 {
     const QDate today = issued.date();
@@ -145,7 +145,7 @@ QString Headline(const ForecastZone &zone, const QDateTime &issued)
          + u"\n\n"_s;
 }
 
-/// What stands in the table behind the forecast.
+/// The contents of the table after the forecast.
 QString Table(const ForecastZone &zone, const QDateTime &issued)
 {
     return u"&&\n\n          %1\nHIGH        %2\nLOW         %3\n\n"_s.arg(

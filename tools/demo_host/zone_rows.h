@@ -8,10 +8,10 @@
 
 #include <optional>
 
-/// The page that lists the zone files of a state, one table row each, at the moment `utc`.
+/// The page that lists the zone files of a state at the moment `utc`, one table row each.
 [[nodiscard]] QString ZoneListingPage(const ForecastState &state, const QDateTime &utc);
 
-/// The zone file of that name in the state's folder as it is at the moment `utc`; nothing when
-/// there is none. Capitals in a name count.
+/// The zone file with that name in the state's folder at the moment `utc`; nothing if there is
+/// none. Names are case-sensitive.
 [[nodiscard]] std::optional<QString> ZoneFile(const ForecastState &state, QStringView fileName,
                                               const QDateTime &utc);

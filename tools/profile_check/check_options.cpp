@@ -57,13 +57,13 @@ constexpr std::array kValueOptions{
     ValueOption{"--format"_L1, ReadFormat},
 };
 
-/// Takes the options from the arguments, one after the other.
+/// Takes the options from the arguments, one after another.
 class OptionReader
 {
 public:
     explicit OptionReader(const QStringList &arguments) : m_arguments(arguments) {}
 
-    /// @return what is wrong, in one line; empty when nothing is.
+    /// @return what is wrong, on one line; empty if nothing is.
     QString Read(CheckOptions &options)
     {
         while (m_at < m_arguments.size()) {

@@ -7,14 +7,14 @@
 #include <cstddef>
 #include <optional>
 
-/// How the check prints what a profile makes of a reply.
+/// How the check prints what a profile extracts from a reply.
 enum class CheckFormat
 {
     Table, ///< For people.
-    Ini    ///< One section for each reply.
+    Ini    ///< One section per reply.
 };
 
-/// What the profile check is told on its command line.
+/// The profile check's command line.
 struct CheckOptions
 {
     bool help = false;
@@ -22,17 +22,17 @@ struct CheckOptions
     std::size_t profile = 0;  ///< 0..9.
     std::array<QString, 4> location = {};
     QString port = QStringLiteral("80"); ///< A whole number from 1 to 65535.
-    QStringList replies = {};            ///< Files with a reply each, as given.
+    QStringList replies = {};            ///< Files with one reply each, as given.
     bool fetch = false;                  ///< Ask the service instead of reading files.
     CheckFormat format = CheckFormat::Table;
     bool trace = false;
 };
 
-/// Reads the arguments, the program's name not among them. Exactly one of "--reply" and "--fetch"
-/// is wanted, unless help is.
-/// @return nothing, with one line in `problem`, when they are not understood.
+/// Reads the arguments, without the program's name. Exactly one of "--reply" and "--fetch" is
+/// required, unless help is requested.
+/// @return nothing, with one line in `problem`, if they are not understood.
 [[nodiscard]] std::optional<CheckOptions> ReadCheckOptions(const QStringList &arguments,
                                                            QString &problem);
 
-/// What --help prints.
+/// The text that --help prints.
 [[nodiscard]] QString CheckHelp();

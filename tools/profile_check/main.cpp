@@ -1,9 +1,9 @@
-#include "app/program_files.h"
 #include "core/clock.h"
 #include "core/trace_sink.h"
 #include "net/curl_transfers.h"
 #include "profile_check/check_options.h"
 #include "profile_check/run_check.h"
+#include "start/program_folder.h"
 
 #include <QCoreApplication>
 

@@ -18,8 +18,8 @@ namespace {
 constexpr int kNotParsed = 1;
 constexpr int kUnreadable = 2;
 
-/// A reply and where it comes from.
-struct Reply
+/// A reply and its source.
+struct NamedReply
 {
     QString name = {};
     QString text = {};
@@ -30,7 +30,7 @@ CheckResult Failed(int exitCode, const QString &problem)
     return {.exitCode = exitCode, .output = {}, .problem = problem};
 }
 
-/// The bytes of a file; nothing, with one line in `problem`, when it cannot be read.
+/// The bytes of a file; nothing, with one line in `problem`, if it cannot be read.
 std::optional<QByteArray> FileBytes(const QString &name, QString &problem)
 {
     QFile file(name);
@@ -64,9 +64,9 @@ std::optional<WeatherProfile> LoadProfile(const CheckOptions &options, const QSt
 }
 
 /// Reads all replies before anything is printed.
-std::optional<std::vector<Reply>> ReadReplies(const QStringList &names, QString &problem)
+std::optional<std::vector<NamedReply>> ReadReplies(const QStringList &names, QString &problem)
 {
-    std::vector<Reply> replies;
+    std::vector<NamedReply> replies;
     for (const QString &name : names) {
         const std::optional<QByteArray> bytes = FileBytes(name, problem);
         if (!bytes)
@@ -76,11 +76,11 @@ std::optional<std::vector<Reply>> ReadReplies(const QStringList &names, QString 
     return replies;
 }
 
-CheckResult CheckAll(const WeatherProfile &profile, const std::vector<Reply> &replies,
+CheckResult CheckAll(const WeatherProfile &profile, const std::vector<NamedReply> &replies,
                      CheckFormat format, const QDateTime &now)
 {
     CheckResult result;
-    for (const Reply &reply : replies) {
+    for (const NamedReply &reply : replies) {
         const CheckedReply checked = CheckReply(profile, reply.name, reply.text, now);
         if (!checked.parsed)
             result.exitCode = kNotParsed;
@@ -114,7 +114,7 @@ CheckResult RunCheck(const CheckOptions &options, const QString &profileFile, Ht
         return Failed(kUnreadable, problem);
     if (options.fetch)
         return Fetch(options, *profile, http, now);
-    const std::optional<std::vector<Reply>> replies = ReadReplies(options.replies, problem);
+    const std::optional<std::vector<NamedReply>> replies = ReadReplies(options.replies, problem);
     if (!replies)
         return Failed(kUnreadable, problem);
     return CheckAll(*profile, *replies, options.format, now);

@@ -7,16 +7,16 @@
 #include <QDateTime>
 #include <QString>
 
-/// What the check prints and how it ends.
+/// The check's output and exit code.
 struct CheckResult
 {
     int exitCode = 0;     ///< 0: every reply parsed; 1: one did not; 2: a file cannot be read.
-    QString output = {};  ///< For the standard output.
-    QString problem = {}; ///< One line for the standard error output; empty: none.
+    QString output = {};  ///< For standard output.
+    QString problem = {}; ///< One line for standard error; empty: none.
 };
 
-/// Does what the options ask for. Reads files and writes none.
-/// @param profileFile is read unless the options name another one.
+/// Does what the options request. Reads files and writes none.
+/// @param profileFile read unless the options name another one.
 /// @param now         local date and time.
 [[nodiscard]] CheckResult RunCheck(const CheckOptions &options, const QString &profileFile,
                                    HttpTransfers &http, const QDateTime &now);

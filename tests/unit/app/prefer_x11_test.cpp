@@ -1,4 +1,4 @@
-#include "app/start_up.h"
+#include "app/desktop_environment.h"
 
 #include <QByteArray>
 #include <QtGlobal>

@@ -11,6 +11,14 @@ QString WithNeedle(qsizetype size, qsizetype at, QStringView needle)
     return QString(size, u'.').replace(at, needle.size(), needle.toString());
 }
 
+TEST(IsDigit, KnowsTheTenOfThem)
+{
+    for (const QChar c : QString("0123456789"))
+        EXPECT_TRUE(IsDigit(c));
+    for (const QChar c : QString("/:aA+-. ") + QChar(0x0664) + QChar(0xFF14) + QChar(0x00B2))
+        EXPECT_FALSE(IsDigit(c)) << int(c.unicode());
+}
+
 TEST(IndexOf, FindsEveryPlaceInTextsOfEveryLength)
 {
     for (const QStringView needle :

@@ -6,6 +6,15 @@
 
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_UNIX
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#endif
+
 namespace {
 
 QByteArray Contents(const QString &path)
@@ -84,6 +93,54 @@ TEST(TraceSink, IsNoneUnlessAskedFor)
 {
     EXPECT_EQ(OpenTraceSink(""), nullptr);
     EXPECT_EQ(OpenTraceSink("0"), nullptr);
+}
+#endif
+
+#ifdef Q_OS_UNIX
+/// Runs `print` in a process of its own whose standard output and error output are a pipe that
+/// nobody reads any more.
+/// @return the exit code of that process, 0 when it has come to its end; -1 when a signal ended it.
+int ExitCodeWithoutAReader(void (*print)())
+{
+    std::array<int, 2> ends = {};
+    if (::pipe(ends.data()) != 0)
+        return -2;
+    ::close(ends[0]);
+    std::fflush(nullptr); // or what waits in the buffers would be written twice
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::signal(SIGPIPE, SIG_DFL); // as at the start of a program
+        if (::dup2(ends[1], STDOUT_FILENO) < 0 || ::dup2(ends[1], STDERR_FILENO) < 0)
+            ::_exit(1);
+        print();
+        ::_exit(0);
+    }
+    ::close(ends[1]);
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child)
+        return -2;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(TraceSink, OutlivesItsReader)
+{
+    const auto trace = [] {
+        const auto sink = OpenTraceSink("1");
+        sink->Line("Form_Load Point 1");
+        sink->Line("Form_Load Point 2");
+    };
+    EXPECT_EQ(ExitCodeWithoutAReader(trace), 0);
+}
+
+TEST(TraceSink, LetsPrintingOutliveItsReader)
+{
+    const auto print = [] {
+        const auto none = OpenTraceSink("");
+        std::fputs("out\n", stdout);
+        std::fflush(stdout);
+        std::fputs("error\n", stderr);
+    };
+    EXPECT_EQ(ExitCodeWithoutAReader(print), 0);
 }
 #endif
 

@@ -23,7 +23,7 @@ TEST_F(ForecastOutput, HoldsThreeKeysInOrder)
     profile.copyrightURL = "https://host/%YEAR%";
     profile.forecastText = "TODAY. Sunny.\r\n\r\nTONIGHT.\tClear.";
 
-    SaveForecastData(file, profile, 2026);
+    DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 
     EXPECT_EQ(folder.Bytes("Forecast2.ini"),
               "[FORECAST]\r\n"
@@ -37,7 +37,7 @@ TEST_F(ForecastOutput, ReadsBackAsTheSameLines)
     profile.copyright = "No year here";
     profile.forecastText = "  first\r\nsecond\r\r\n\r\n third ";
 
-    SaveForecastData(file, profile, 2026);
+    DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 
     const IniFile written(file);
     EXPECT_EQ(ReadIniValue(written, u"FORECAST", u"DATA"), profile.forecastText);
@@ -46,7 +46,7 @@ TEST_F(ForecastOutput, ReadsBackAsTheSameLines)
 
 TEST_F(ForecastOutput, HasTheDataKeyForAnEmptyForecast)
 {
-    SaveForecastData(file, profile, 2026);
+    DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 
     EXPECT_EQ(folder.Bytes("Forecast2.ini"),
               "[FORECAST]\r\nCOPYRIGHT=\r\nCOPYRIGHTURL=\r\nDATA=\r\n");
@@ -57,7 +57,7 @@ TEST_F(ForecastOutput, KeepsOtherWritersKeys)
     folder.Write("Forecast2.ini", "; note\n[forecast]\ndata = old\nOwn=1\n\n[Other]\nx=y");
     profile.forecastText = "new";
 
-    SaveForecastData(file, profile, 2026);
+    DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 
     EXPECT_EQ(folder.Bytes("Forecast2.ini"),
               "; note\n[forecast]\ndata=new\r\nOwn=1\nCOPYRIGHT=\r\nCOPYRIGHTURL=\r\n"
@@ -68,7 +68,7 @@ TEST_F(ForecastOutput, ChangesNothingWhereItCannotWrite)
 {
     ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in the file's place
 
-    SaveForecastData(file, profile, 2026);
+    DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 
     EXPECT_TRUE(QFileInfo(file.path).isDir());
     EXPECT_EQ(QFileInfo(file.path).dir().entryList(QDir::Files | QDir::Hidden).size(), 0);

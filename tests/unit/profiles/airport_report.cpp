@@ -26,12 +26,12 @@ QString Shown(const std::optional<QString> &text)
 WeatherValues CommonValues(const AirportReport &report, const QString &unit)
 {
     WeatherValues values = NothingKnown(unit);
-    values.sunriseValue = kNotDelivered.toString();
-    values.sunsetValue = kNotDelivered.toString();
-    values.precipValue = kNotDelivered.toString();
-    values.timeValue = "2017.07.29 0750 UTC";
+    values[Quantity::Sunrise] = kNotDelivered.toString();
+    values[Quantity::Sunset] = kNotDelivered.toString();
+    values[Quantity::Precip] = kNotDelivered.toString();
+    values[Quantity::Time] = "2017.07.29 0750 UTC";
     if (report.dewPoint)
-        values.humidityValue = report.humidity;
+        values[Quantity::Humidity] = report.humidity;
     return values;
 }
 
@@ -92,14 +92,14 @@ WeatherValues ValuesInUsUnits(const AirportReport &report)
         return degrees ? degrees->fahrenheit : kNone.toString();
     };
     WeatherValues values = CommonValues(report, " F");
-    values.temperatureValue = fahrenheit(report.temperature);
-    values.windSpeedDirValue = Shown(LineOf(report.wind));
-    values.visibilityValue = Shown(report.visibility);
-    values.windchillValue = fahrenheit(report.windChill);
-    values.heatindexValue = fahrenheit(report.heatIndex);
-    values.dewPointValue = fahrenheit(report.dewPoint);
+    values[Quantity::Temperature] = fahrenheit(report.temperature);
+    values[Quantity::WindSpeed] = Shown(LineOf(report.wind));
+    values[Quantity::Visibility] = Shown(report.visibility);
+    values[Quantity::WindChill] = fahrenheit(report.windChill);
+    values[Quantity::HeatIndex] = fahrenheit(report.heatIndex);
+    values[Quantity::DewPoint] = fahrenheit(report.dewPoint);
     if (report.pressure)
-        values.atmosPressValue = report.pressure->inches;
+        values[Quantity::AtmosPress] = report.pressure->inches;
     return values;
 }
 
@@ -110,22 +110,22 @@ WeatherValues MetricValues(const AirportReport &report)
         return degrees ? degrees->celsius : kNone.toString();
     };
     WeatherValues values = CommonValues(report, " C");
-    values.temperatureValue = celsius(report.temperature);
+    values[Quantity::Temperature] = celsius(report.temperature);
     if (report.wind)
-        values.windSpeedDirValue = report.wind->metric;
-    values.visibilityValue = kNotDelivered.toString();
-    values.windchillValue = celsius(report.windChill);
-    values.heatindexValue = celsius(report.heatIndex);
-    values.dewPointValue = celsius(report.dewPoint);
+        values[Quantity::WindSpeed] = report.wind->metric;
+    values[Quantity::Visibility] = kNotDelivered.toString();
+    values[Quantity::WindChill] = celsius(report.windChill);
+    values[Quantity::HeatIndex] = celsius(report.heatIndex);
+    values[Quantity::DewPoint] = celsius(report.dewPoint);
     if (report.pressure)
-        values.atmosPressValue = report.pressure->hectopascals;
+        values[Quantity::AtmosPress] = report.pressure->hectopascals;
     return values;
 }
 
 WeatherValues MetricValuesWithConditions(const AirportReport &report)
 {
     WeatherValues values = MetricValues(report);
-    values.conditionsValue = Shown(report.weather ? report.weather : report.sky);
+    values[Quantity::Conditions] = Shown(report.weather ? report.weather : report.sky);
     return values;
 }
 

@@ -101,8 +101,8 @@ TEST_F(ProfileFile, LoadingEmptiesTheValues)
 {
     folder.Write("p.ini", "[Profile0]\ntitle=A\n");
     ProfileTable profiles;
-    for (const WeatherValueField &field : kWeatherValueFields)
-        profiles.weather[0].values.*field.value = "old";
+    for (const Quantity quantity : kValues)
+        profiles.weather[0].values[quantity] = "old";
 
     LoadWeatherProfiles(profiles, Ini());
 
@@ -137,7 +137,7 @@ TEST_F(ProfileFile, BlankTitleLeavesTheSlotAsItWas)
                                   + "baseURL=x\r\ncopyright=x\r\ntemperatureOpen=x\r\n");
         ProfileTable profiles;
         profiles.weather[0].baseURL = "before";
-        profiles.weather[0].values.timeValue = "noon";
+        profiles.weather[0].values[Quantity::Time] = "noon";
 
         LoadWeatherProfiles(profiles, Ini());
 
@@ -145,7 +145,7 @@ TEST_F(ProfileFile, BlankTitleLeavesTheSlotAsItWas)
         EXPECT_EQ(profiles.weather[0].baseURL, QString("before"));
         EXPECT_EQ(profiles.weather[0].copyright, QString());
         EXPECT_EQ(profiles.weather[0][Quantity::Temperature].Open, QString());
-        EXPECT_EQ(profiles.weather[0].values.timeValue, QString("noon"));
+        EXPECT_EQ(profiles.weather[0].values[Quantity::Time], QString("noon"));
     }
 }
 
@@ -314,8 +314,8 @@ protected:
         profile = LoadFrom(FullSection(0).sliced(12));
         profile.timeStamp = 45000.5;
         profile.location = {"a", "b", "c", "d"};
-        for (const WeatherValueField &field : kWeatherValueFields)
-            profile.values.*field.value = field.name.toString();
+        for (const Quantity quantity : kValues)
+            profile.values[quantity] = RowOf(quantity).value.toString();
     }
 
     WeatherProfile profile;
@@ -340,8 +340,8 @@ TEST_F(ClearedProfile, LosesTheFirstFourteenValues)
     ClearWeatherProfile(profile);
 
     WeatherValues expected;
-    expected.timeValue = "timeValue";
-    expected.locationValue = "locationValue";
+    expected[Quantity::Time] = "timeValue";
+    expected[Quantity::Location] = "locationValue";
     EXPECT_EQ(profile.values, expected);
 }
 

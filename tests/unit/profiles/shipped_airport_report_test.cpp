@@ -207,7 +207,7 @@ TEST(ShippedAirportReport, ReadsAReportOfAnUnknownStationInTheAfternoon)
             .replace("Jul 29, 2017 - 03:50 AM EDT / 2017.07.29 0750 UTC",
                      "Feb 01, 2011 - 12:00 PM EST / 2011.02.01 1700 UTC");
     WeatherValues expected = MetricValuesWithConditions(report);
-    expected.timeValue = "2011.02.01 1700 UTC";
+    expected[Quantity::Time] = "2011.02.01 1700 UTC";
 
     EXPECT_EQ(Parse(kWithConditions, reply).values, Lines(expected));
 }

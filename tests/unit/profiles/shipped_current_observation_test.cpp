@@ -59,21 +59,21 @@ QString FullReply()
 WeatherValues FullValues()
 {
     WeatherValues values = NothingKnown(" F");
-    values.temperatureValue = "77.0 F";
-    values.conditionsValue = "Mostly Cloudy";
-    values.windSpeedDirValue =
+    values[Quantity::Temperature] = "77.0 F";
+    values[Quantity::Conditions] = "Mostly Cloudy";
+    values[Quantity::WindSpeed] =
         "from the Northwest at 20.7 gusting to 31.1 MPH (18 gusting to 27 KT)";
-    values.humidityValue = "82%";
-    values.atmosPressValue = "29.57 in";
-    values.dewPointValue = "71.1 F";
-    values.windchillValue = "75 F";
-    values.heatindexValue = "79 F";
-    values.visibilityValue = "8.00 miles";
-    values.sunriseValue = kNotDelivered.toString();
-    values.sunsetValue = kNotDelivered.toString();
-    values.precipValue = kNotDelivered.toString();
-    values.timeValue = "Apr 29 2026, 3:53 pm CDT";
-    values.locationValue = "Harbour Field, ST";
+    values[Quantity::Humidity] = "82%";
+    values[Quantity::AtmosPress] = "29.57 in";
+    values[Quantity::DewPoint] = "71.1 F";
+    values[Quantity::WindChill] = "75 F";
+    values[Quantity::HeatIndex] = "79 F";
+    values[Quantity::Visibility] = "8.00 miles";
+    values[Quantity::Sunrise] = kNotDelivered.toString();
+    values[Quantity::Sunset] = kNotDelivered.toString();
+    values[Quantity::Precip] = kNotDelivered.toString();
+    values[Quantity::Time] = "Apr 29 2026, 3:53 pm CDT";
+    values[Quantity::Location] = "Harbour Field, ST";
     return values;
 }
 
@@ -81,21 +81,21 @@ WeatherValues FullValues()
 struct OptionalElement
 {
     const char *name;
-    QString WeatherValues::*value;
+    Quantity value;
     QStringView missing = kNone;
 };
 
 const std::vector<OptionalElement> kOptional{
-    {"observation_time", &WeatherValues::timeValue, kClockTime},
-    {"location", &WeatherValues::locationValue, kEnteredPlace},
-    {"weather", &WeatherValues::conditionsValue},
-    {"relative_humidity", &WeatherValues::humidityValue},
-    {"wind_string", &WeatherValues::windSpeedDirValue},
-    {"pressure_in", &WeatherValues::atmosPressValue},
-    {"dewpoint_f", &WeatherValues::dewPointValue},
-    {"heat_index_f", &WeatherValues::heatindexValue},
-    {"windchill_f", &WeatherValues::windchillValue},
-    {"visibility_mi", &WeatherValues::visibilityValue},
+    {"observation_time", Quantity::Time, kClockTime},
+    {"location", Quantity::Location, kEnteredPlace},
+    {"weather", Quantity::Conditions},
+    {"relative_humidity", Quantity::Humidity},
+    {"wind_string", Quantity::WindSpeed},
+    {"pressure_in", Quantity::AtmosPress},
+    {"dewpoint_f", Quantity::DewPoint},
+    {"heat_index_f", Quantity::HeatIndex},
+    {"windchill_f", Quantity::WindChill},
+    {"visibility_mi", Quantity::Visibility},
 };
 
 QString Opening(const OptionalElement &element)
@@ -120,7 +120,7 @@ TEST(ShippedCurrentObservation, ShowsWhatIsMissingInAnyCombinationAsNotAvailable
         for (std::size_t i = 0; i < kOptional.size(); ++i) {
             if ((missing >> i & 1U) != 0) {
                 reply = WithoutLine(reply, Opening(kOptional[i]));
-                expected.*kOptional[i].value = kOptional[i].missing.toString();
+                expected[kOptional[i].value] = kOptional[i].missing.toString();
             }
         }
 
@@ -136,7 +136,7 @@ TEST(ShippedCurrentObservation, ShowsAnEmptyElementAsNotAvailable)
 {
     const QString reply = FullReply().replace("<weather>Mostly Cloudy<", "<weather> <");
     WeatherValues expected = FullValues();
-    expected.conditionsValue = "N/A";
+    expected[Quantity::Conditions] = "N/A";
 
     EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
 }
@@ -146,7 +146,7 @@ TEST(ShippedCurrentObservation, ShowsCalmAndVariableWindAsTheServiceWordsIt)
     const QString wind = "from the Northwest at 20.7 gusting to 31.1 MPH (18 gusting to 27 KT)";
     for (const QString words : {"Calm", "Variable at 6.9 MPH (6 KT)"}) {
         WeatherValues expected = FullValues();
-        expected.windSpeedDirValue = words;
+        expected[Quantity::WindSpeed] = words;
 
         EXPECT_EQ(Parse(kProfile, FullReply().replace(wind, words)).values, Lines(expected));
     }
@@ -160,10 +160,10 @@ TEST(ShippedCurrentObservation, ReadsNegativeTemperaturesAndZero)
                               .replace("<windchill_f>75<", "<windchill_f>-23<")
                               .replace("<heat_index_f>79<", "<heat_index_f>0<");
     WeatherValues expected = FullValues();
-    expected.temperatureValue = "-9.0 F";
-    expected.dewPointValue = "-18.0 F";
-    expected.windchillValue = "-23 F";
-    expected.heatindexValue = "0 F";
+    expected[Quantity::Temperature] = "-9.0 F";
+    expected[Quantity::DewPoint] = "-18.0 F";
+    expected[Quantity::WindChill] = "-23 F";
+    expected[Quantity::HeatIndex] = "0 F";
 
     const Outcome outcome = Parse(kProfile, reply);
 

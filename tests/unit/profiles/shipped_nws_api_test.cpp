@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kProfile = 4;
 
-QString Quantity(const QString &name, const QString &unit, const QString &value)
+QString Member(const QString &name, const QString &unit, const QString &value)
 {
     return "        \"" + name + "\": {\n            \"unitCode\": \"wmoUnit:" + unit
          + "\",\n            \"value\": " + value
@@ -40,17 +40,17 @@ QString Reply(const Observation &observation)
            "        \"rawMessage\": \"KXYZ 050453Z 11010KT 10SM BKN040 26/19 A3005\",\n"
            "        \"textDescription\": "
          + observation.text + ",\n        \"icon\": null,\n        \"presentWeather\": [],\n"
-         + Quantity("temperature", "degC", observation.temperature)
-         + Quantity("dewpoint", "degC", "18.9")
-         + Quantity("windDirection", "degree_(angle)", observation.windDirection)
-         + Quantity("windSpeed", "km_h-1", observation.windSpeed)
-         + Quantity("windGust", "km_h-1", "null")
-         + Quantity("barometricPressure", "Pa", observation.pressure)
-         + Quantity("seaLevelPressure", "Pa", "null")
-         + Quantity("visibility", "m", observation.visibility)
-         + Quantity("maxTemperatureLast24Hours", "degC", "null")
-         + Quantity("relativeHumidity", "percent", observation.humidity)
-         + Quantity("windChill", "degC", "null") + Quantity("heatIndex", "degC", "null")
+         + Member("temperature", "degC", observation.temperature)
+         + Member("dewpoint", "degC", "18.9")
+         + Member("windDirection", "degree_(angle)", observation.windDirection)
+         + Member("windSpeed", "km_h-1", observation.windSpeed)
+         + Member("windGust", "km_h-1", "null")
+         + Member("barometricPressure", "Pa", observation.pressure)
+         + Member("seaLevelPressure", "Pa", "null")
+         + Member("visibility", "m", observation.visibility)
+         + Member("maxTemperatureLast24Hours", "degC", "null")
+         + Member("relativeHumidity", "percent", observation.humidity)
+         + Member("windChill", "degC", "null") + Member("heatIndex", "degC", "null")
          + "        \"cloudLayers\": [\n            {\n                \"base\": {\n"
            "                    \"unitCode\": \"wmoUnit:m\",\n"
            "                    \"value\": 1220\n                },\n"
@@ -60,17 +60,17 @@ QString Reply(const Observation &observation)
 WeatherValues FullValues()
 {
     WeatherValues values = NothingKnown(" F");
-    values.temperatureValue = "78.1 F"; // 25.6 x 1.8 + 32 = 78.08
-    values.conditionsValue = "Mostly Cloudy";
-    values.windSpeedDirValue = "11 mph"; // 18.36 x 0.621371 = 11.41
-    values.humidityValue = "66%";
-    values.atmosPressValue = "30.05 in";   // 101760 x 0.0002953 = 30.0497
-    values.dewPointValue = "65.9 F";       // 78.1 - 0.36 x (100 - 66) = 65.86
-    values.visibilityValue = "10.0 miles"; // 16090 x 0.000621371 = 9.998
-    values.sunriseValue = kNotDelivered.toString();
-    values.sunsetValue = kNotDelivered.toString();
-    values.precipValue = kNotDelivered.toString();
-    values.timeValue = "3/5/2026 5:53:00 AM"; // the clock is an hour ahead of UTC
+    values[Quantity::Temperature] = "78.1 F"; // 25.6 x 1.8 + 32 = 78.08
+    values[Quantity::Conditions] = "Mostly Cloudy";
+    values[Quantity::WindSpeed] = "11 mph"; // 18.36 x 0.621371 = 11.41
+    values[Quantity::Humidity] = "66%";
+    values[Quantity::AtmosPress] = "30.05 in";   // 101760 x 0.0002953 = 30.0497
+    values[Quantity::DewPoint] = "65.9 F";       // 78.1 - 0.36 x (100 - 66) = 65.86
+    values[Quantity::Visibility] = "10.0 miles"; // 16090 x 0.000621371 = 9.998
+    values[Quantity::Sunrise] = kNotDelivered.toString();
+    values[Quantity::Sunset] = kNotDelivered.toString();
+    values[Quantity::Precip] = kNotDelivered.toString();
+    values[Quantity::Time] = "3/5/2026 5:53:00 AM"; // the clock is an hour ahead of UTC
     return values;
 }
 
@@ -88,18 +88,18 @@ TEST(ShippedNwsApi, ShowsNullInAnyCombinationAsNotAvailable)
     for (unsigned missing = 0; missing < 1U << 6; ++missing) {
         Observation observation;
         WeatherValues expected = FullValues();
-        const auto leaveOut = [&](unsigned bit, QString &value, QString WeatherValues::*field) {
+        const auto leaveOut = [&](unsigned bit, QString &value, const Quantity field) {
             if ((missing >> bit & 1U) == 0)
                 return;
             value = "null";
-            expected.*field = "N/A";
+            expected[field] = "N/A";
         };
-        leaveOut(0, observation.text, &WeatherValues::conditionsValue);
-        leaveOut(1, observation.windSpeed, &WeatherValues::windSpeedDirValue);
-        leaveOut(2, observation.pressure, &WeatherValues::atmosPressValue);
-        leaveOut(3, observation.visibility, &WeatherValues::visibilityValue);
-        leaveOut(4, observation.humidity, &WeatherValues::humidityValue);
-        leaveOut(4, observation.humidity, &WeatherValues::dewPointValue);
+        leaveOut(0, observation.text, Quantity::Conditions);
+        leaveOut(1, observation.windSpeed, Quantity::WindSpeed);
+        leaveOut(2, observation.pressure, Quantity::AtmosPress);
+        leaveOut(3, observation.visibility, Quantity::Visibility);
+        leaveOut(4, observation.humidity, Quantity::Humidity);
+        leaveOut(4, observation.humidity, Quantity::DewPoint);
         if ((missing >> 5 & 1U) != 0)
             observation.windDirection = "null"; // variable wind: the speed alone is shown
 
@@ -114,7 +114,7 @@ TEST(ShippedNwsApi, ShowsNullInAnyCombinationAsNotAvailable)
 TEST(ShippedNwsApi, ShowsAnEmptyDescriptionAsNotAvailable)
 {
     WeatherValues expected = FullValues();
-    expected.conditionsValue = "N/A";
+    expected[Quantity::Conditions] = "N/A";
 
     EXPECT_EQ(Parse(kProfile, Reply({.text = "\"\""})).values, Lines(expected));
 }
@@ -122,7 +122,7 @@ TEST(ShippedNwsApi, ShowsAnEmptyDescriptionAsNotAvailable)
 TEST(ShippedNwsApi, ShowsCalmWindAsZero)
 {
     WeatherValues expected = FullValues();
-    expected.windSpeedDirValue = "0 mph";
+    expected[Quantity::WindSpeed] = "0 mph";
 
     EXPECT_EQ(Parse(kProfile, Reply({.windDirection = "0", .windSpeed = "0"})).values,
               Lines(expected));
@@ -131,12 +131,12 @@ TEST(ShippedNwsApi, ShowsCalmWindAsZero)
 TEST(ShippedNwsApi, ReadsNegativeTemperaturesAndComputesTheWindChill)
 {
     WeatherValues expected = FullValues();
-    expected.temperatureValue = "-9.4 F"; // -23 x 1.8 + 32
-    expected.windSpeedDirValue = "7 mph"; // 11.124 x 0.621371 = 6.91
-    expected.humidityValue = "70%";
-    expected.dewPointValue = "-20.2 F"; // -9.4 - 0.36 x 30
+    expected[Quantity::Temperature] = "-9.4 F"; // -23 x 1.8 + 32
+    expected[Quantity::WindSpeed] = "7 mph";    // 11.124 x 0.621371 = 6.91
+    expected[Quantity::Humidity] = "70%";
+    expected[Quantity::DewPoint] = "-20.2 F"; // -9.4 - 0.36 x 30
     // 7^0.16 = 1.36526; 35.74 - 5.8421 - 48.8080 - 5.4863 = -24.3964
-    expected.windchillValue = "-24.4 F";
+    expected[Quantity::WindChill] = "-24.4 F";
 
     const Outcome outcome =
         Parse(kProfile, Reply({.temperature = "-23", .windSpeed = "11.124", .humidity = "70"}));

@@ -82,19 +82,19 @@ QString FullReply()
 WeatherValues FullValues()
 {
     WeatherValues values = NothingKnown(" C");
-    values.temperatureValue = "-7.0 C";
-    values.conditionsValue = "Sunny";
-    values.windSpeedDirValue = "18 km/h E";
-    values.humidityValue = "68%";
-    values.atmosPressValue = "1018 hPa";
-    values.dewPointValue = "-13.4 C"; // -7 - (100 - 68) / 5
+    values[Quantity::Temperature] = "-7.0 C";
+    values[Quantity::Conditions] = "Sunny";
+    values[Quantity::WindSpeed] = "18 km/h E";
+    values[Quantity::Humidity] = "68%";
+    values[Quantity::AtmosPress] = "1018 hPa";
+    values[Quantity::DewPoint] = "-13.4 C"; // -7 - (100 - 68) / 5
     // 18^0.16 = 1.58796; 13.12 - 4.3505 - 18.0551 - 4.4074 = -13.6930
-    values.windchillValue = "-13.7 C";
-    values.visibilityValue = "10 km";
-    values.sunriseValue = "07:14 AM";
-    values.sunsetValue = "04:26 PM";
-    values.precipValue = "0.0 mm";
-    values.timeValue = "2026-02-03 03:15 PM";
+    values[Quantity::WindChill] = "-13.7 C";
+    values[Quantity::Visibility] = "10 km";
+    values[Quantity::Sunrise] = "07:14 AM";
+    values[Quantity::Sunset] = "04:26 PM";
+    values[Quantity::Precip] = "0.0 mm";
+    values[Quantity::Time] = "2026-02-03 03:15 PM";
     return values;
 }
 
@@ -102,18 +102,18 @@ WeatherValues FullValues()
 struct OptionalLine
 {
     const char *name;
-    std::vector<QString WeatherValues::*> values;
+    std::vector<Quantity> values;
 };
 
 const std::vector<OptionalLine> kOptional{
-    {R"("humidity")", {&WeatherValues::humidityValue, &WeatherValues::dewPointValue}},
-    {R"("precipMM")", {&WeatherValues::precipValue}},
-    {R"("pressure")", {&WeatherValues::atmosPressValue}},
-    {R"("visibility")", {&WeatherValues::visibilityValue}},
-    {R"("winddir16Point")", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {R"("windspeedKmph")", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {R"("sunrise")", {&WeatherValues::sunriseValue}},
-    {R"("sunset")", {&WeatherValues::sunsetValue}},
+    {R"("humidity")", {Quantity::Humidity, Quantity::DewPoint}},
+    {R"("precipMM")", {Quantity::Precip}},
+    {R"("pressure")", {Quantity::AtmosPress}},
+    {R"("visibility")", {Quantity::Visibility}},
+    {R"("winddir16Point")", {Quantity::WindSpeed, Quantity::WindChill}},
+    {R"("windspeedKmph")", {Quantity::WindSpeed, Quantity::WindChill}},
+    {R"("sunrise")", {Quantity::Sunrise}},
+    {R"("sunset")", {Quantity::Sunset}},
 };
 
 TEST(ShippedPlace, GivesAllValues)
@@ -134,8 +134,8 @@ TEST(ShippedPlace, ShowsWhatIsMissingInAnyCombinationAsNotAvailable)
             if ((missing >> i & 1U) == 0)
                 continue;
             reply = WithoutLine(reply, kOptional[i].name);
-            for (QString WeatherValues::*const value : kOptional[i].values)
-                expected.*value = "N/A";
+            for (const Quantity value : kOptional[i].values)
+                expected[value] = "N/A";
         }
 
         const Outcome outcome = Parse(kProfile, reply);
@@ -152,9 +152,9 @@ TEST(ShippedPlace, ShowsEmptyValuesAsNotAvailable)
                               .replace(R"("humidity": "68")", R"("humidity": "")")
                               .replace(R"("sunset": "04:26 PM")", R"("sunset": "")");
     WeatherValues expected = FullValues();
-    expected.humidityValue = "N/A";
-    expected.dewPointValue = "N/A";
-    expected.sunsetValue = "N/A";
+    expected[Quantity::Humidity] = "N/A";
+    expected[Quantity::DewPoint] = "N/A";
+    expected[Quantity::Sunset] = "N/A";
 
     EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
 }
@@ -166,11 +166,11 @@ TEST(ShippedPlace, ShowsNullAsNotAvailable)
                               .replace(R"("pressure": "1018")", R"("pressure": null)")
                               .replace(R"("windspeedKmph": "18")", R"("windspeedKmph": null)");
     WeatherValues expected = FullValues();
-    expected.humidityValue = "N/A";
-    expected.dewPointValue = "N/A";
-    expected.atmosPressValue = "N/A";
-    expected.windSpeedDirValue = "N/A";
-    expected.windchillValue = "N/A";
+    expected[Quantity::Humidity] = "N/A";
+    expected[Quantity::DewPoint] = "N/A";
+    expected[Quantity::AtmosPress] = "N/A";
+    expected[Quantity::WindSpeed] = "N/A";
+    expected[Quantity::WindChill] = "N/A";
 
     EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
 }
@@ -181,10 +181,10 @@ TEST(ShippedPlace, ShowsCalmWindAsZeroAndReadsWarmth)
                               .replace(R"("windspeedKmph": "18")", R"("windspeedKmph": "0")")
                               .replace(R"("temp_C": "-7")", R"("temp_C": "0")");
     WeatherValues expected = FullValues();
-    expected.temperatureValue = "0.0 C";
-    expected.windSpeedDirValue = "0 km/h E";
-    expected.windchillValue = "N/A"; // 13.12 is warmer than 0
-    expected.dewPointValue = "-6.4 C";
+    expected[Quantity::Temperature] = "0.0 C";
+    expected[Quantity::WindSpeed] = "0 km/h E";
+    expected[Quantity::WindChill] = "N/A"; // 13.12 is warmer than 0
+    expected[Quantity::DewPoint] = "-6.4 C";
 
     EXPECT_EQ(Parse(kProfile, reply).values, Lines(expected));
 }

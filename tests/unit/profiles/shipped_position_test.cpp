@@ -78,35 +78,35 @@ QString Reply(const Members &members)
 WeatherValues MetricValues()
 {
     WeatherValues values = NothingKnown(" C");
-    values.temperatureValue = "21.6 C";
-    values.windSpeedDirValue = "16.6 km/h from 240 degrees";
-    values.humidityValue = "65%";
-    values.atmosPressValue = "1013.2 hPa";
-    values.dewPointValue = "14.8 C";
-    values.visibilityValue = "24.1 km"; // 24.14
-    values.sunriseValue = "04:47";
-    values.sunsetValue = "21:20";
-    values.precipValue = "0.00 mm";
-    values.timeValue = "2026-07-02 10:30";
+    values[Quantity::Temperature] = "21.6 C";
+    values[Quantity::WindSpeed] = "16.6 km/h from 240 degrees";
+    values[Quantity::Humidity] = "65%";
+    values[Quantity::AtmosPress] = "1013.2 hPa";
+    values[Quantity::DewPoint] = "14.8 C";
+    values[Quantity::Visibility] = "24.1 km"; // 24.14
+    values[Quantity::Sunrise] = "04:47";
+    values[Quantity::Sunset] = "21:20";
+    values[Quantity::Precip] = "0.00 mm";
+    values[Quantity::Time] = "2026-07-02 10:30";
     return values;
 }
 
 WeatherValues UsValues()
 {
     WeatherValues values = NothingKnown(" F");
-    values.temperatureValue = "81.0 F";
-    values.windSpeedDirValue = "0.0 mph from 180 degrees";
-    values.humidityValue = "65%";
-    values.atmosPressValue = "29.92 in"; // 1013.2 x 0.02953 = 29.9198
-    values.dewPointValue = "68.1 F";
+    values[Quantity::Temperature] = "81.0 F";
+    values[Quantity::WindSpeed] = "0.0 mph from 180 degrees";
+    values[Quantity::Humidity] = "65%";
+    values[Quantity::AtmosPress] = "29.92 in"; // 1013.2 x 0.02953 = 29.9198
+    values[Quantity::DewPoint] = "68.1 F";
     // The regression's terms of 81 and 65, in its order: -42.379 + 165.97023 + 659.31653
     // - 1183.33723 - 44.86300 - 231.60254 + 524.01460 + 291.85632 - 55.16325 = 83.81266
-    values.heatindexValue = "83.8 F";
-    values.visibilityValue = kNotDelivered.toString();
-    values.sunriseValue = "05:44";
-    values.sunsetValue = "20:37";
-    values.precipValue = "0.012 in";
-    values.timeValue = "2026-07-02 10:30";
+    values[Quantity::HeatIndex] = "83.8 F";
+    values[Quantity::Visibility] = kNotDelivered.toString();
+    values[Quantity::Sunrise] = "05:44";
+    values[Quantity::Sunset] = "20:37";
+    values[Quantity::Precip] = "0.012 in";
+    values[Quantity::Time] = "2026-07-02 10:30";
     return values;
 }
 
@@ -114,28 +114,28 @@ WeatherValues UsValues()
 struct OptionalMember
 {
     const char *name;
-    std::vector<QString WeatherValues::*> values;
+    std::vector<Quantity> values;
 };
 
 const std::vector<OptionalMember> kOptional{
-    {"relative_humidity_2m", {&WeatherValues::humidityValue, &WeatherValues::heatindexValue}},
-    {"dew_point_2m", {&WeatherValues::dewPointValue}},
-    {"precipitation", {&WeatherValues::precipValue}},
-    {"pressure_msl", {&WeatherValues::atmosPressValue}},
-    {"visibility", {&WeatherValues::visibilityValue}},
-    {"wind_speed_10m", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {"wind_direction_10m", {&WeatherValues::windSpeedDirValue, &WeatherValues::windchillValue}},
-    {"sunrise", {&WeatherValues::sunriseValue}},
-    {"sunset", {&WeatherValues::sunsetValue}},
+    {"relative_humidity_2m", {Quantity::Humidity, Quantity::HeatIndex}},
+    {"dew_point_2m", {Quantity::DewPoint}},
+    {"precipitation", {Quantity::Precip}},
+    {"pressure_msl", {Quantity::AtmosPress}},
+    {"visibility", {Quantity::Visibility}},
+    {"wind_speed_10m", {Quantity::WindSpeed, Quantity::WindChill}},
+    {"wind_direction_10m", {Quantity::WindSpeed, Quantity::WindChill}},
+    {"sunrise", {Quantity::Sunrise}},
+    {"sunset", {Quantity::Sunset}},
 };
 
 void LeaveOut(Members &members, WeatherValues &expected, const OptionalMember &member,
               const QString &value)
 {
     members = With(members, member.name, value);
-    for (QString WeatherValues::*const field : member.values) {
-        if (expected.*field != kNotDelivered)
-            expected.*field = "N/A";
+    for (const Quantity field : member.values) {
+        if (expected[field] != kNotDelivered)
+            expected[field] = "N/A";
     }
 }
 
@@ -190,11 +190,11 @@ TEST(ShippedPositionProfiles, ReadNegativeTemperaturesAndZero)
     members = With(members, "dew_point_2m", "0.0");
     members = With(members, "wind_speed_10m", "20.0");
     WeatherValues expected = MetricValues();
-    expected.temperatureValue = "-5.0 C";
-    expected.dewPointValue = "0.0 C";
-    expected.windSpeedDirValue = "20.0 km/h from 240 degrees";
+    expected[Quantity::Temperature] = "-5.0 C";
+    expected[Quantity::DewPoint] = "0.0 C";
+    expected[Quantity::WindSpeed] = "20.0 km/h from 240 degrees";
     // 20^0.16 = 1.61496; 13.12 - 3.1075 - 18.3621 - 3.2017 = -11.5513
-    expected.windchillValue = "-11.6 C";
+    expected[Quantity::WindChill] = "-11.6 C";
 
     EXPECT_EQ(Parse(kMetric, Reply(members)).values, Lines(expected));
 }

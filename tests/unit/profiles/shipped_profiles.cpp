@@ -48,39 +48,39 @@ Outcome Parse(std::size_t index, const QString &reply)
     WeatherProfile profile = ShippedProfiles().weather.at(index);
     profile.location[0] = kEnteredPlace.toString();
     const QDateTime now(QDate(2026, 3, 5), QTime(6, 7, 8), Qt::OffsetFromUTC, 3600);
-    FakeWeatherDataHost host;
     Outcome outcome;
-    outcome.parsed = ParseWeatherData(&profile, reply, now, host);
+    const ReadWeather read = ReadInto(&profile, reply, now);
+    outcome.parsed = read.taken;
     outcome.values = Lines(profile.values);
-    for (const WeatherValueField &field : kWeatherValueFields) {
+    for (const Quantity quantity : kValues) {
         for (const char16_t *piece : kPieces) {
-            const QString &value = profile.values.*field.value;
-            if (field.value != &WeatherValues::timeValue && value.contains(QStringView(piece)))
-                outcome.pieces.append(field.name.toString() + '=' + value);
+            const QString &value = profile.values[quantity];
+            if (quantity != Quantity::Time && value.contains(QStringView(piece)))
+                outcome.pieces.append(RowOf(quantity).value.toString() + '=' + value);
         }
     }
-    outcome.statuses = host.statuses;
-    outcome.temps = host.temps;
+    outcome.statuses = read.statuses;
+    outcome.temps = read.temps;
     return outcome;
 }
 
 QString Lines(const WeatherValues &values)
 {
     QString text;
-    for (const WeatherValueField &field : kWeatherValueFields)
-        text += field.name.toString() + '=' + values.*field.value + '\n';
+    for (const Quantity quantity : kValues)
+        text += RowOf(quantity).value.toString() + '=' + values[quantity] + '\n';
     return text;
 }
 
 WeatherValues NothingKnown(const QString &unit)
 {
     WeatherValues values;
-    for (const WeatherValueField &field : kWeatherValueFields)
-        values.*field.value = kNone.toString();
-    values.minTempValue = "1000" + unit; // the store's neutral values; the display shows N/A
-    values.maxTempValue = "-1000" + unit;
-    values.timeValue = kClockTime.toString();
-    values.locationValue = kEnteredPlace.toString();
+    for (const Quantity quantity : kValues)
+        values[quantity] = kNone.toString();
+    values[Quantity::MinTemp] = "1000" + unit; // the store's neutral values; the display shows N/A
+    values[Quantity::MaxTemp] = "-1000" + unit;
+    values[Quantity::Time] = kClockTime.toString();
+    values[Quantity::Location] = kEnteredPlace.toString();
     return values;
 }
 

@@ -2,7 +2,7 @@
 
 #include "profiles/profile_file.h"
 #include "profiles/weather_profile.h"
-#include "support/fake_weather_data_host.h"
+#include "support/read_weather.h"
 
 #include <QString>
 #include <QStringList>

@@ -29,7 +29,7 @@ protected:
     {
         IniFile file(Ini(name));
         WriteIniValue(file, u"S", u"k", value, encode);
-        return file.Commit();
+        return !file.Commit().IsError();
     }
 
     [[nodiscard]] QString ReadOne(const QString &name = "a.ini", QStringView fallback = {}) const
@@ -201,7 +201,7 @@ TEST_F(IniFileTest, NothingReachesTheDiskBeforeCommit)
     WriteIniValue(file, u"S", u"k", u"new", true);
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\nk=old\n"));
 
-    EXPECT_TRUE(file.Commit());
+    EXPECT_EQ(file.Commit(), WriteError());
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\nk=new\r\n"));
 }
 
@@ -285,10 +285,12 @@ TEST_F(IniFileTest, FileThatCannotBeReadJustNowIsNotReplaced)
 
     EXPECT_EQ(ReadIniValue(*file, u"S", u"foreign", u"none"), "none");
     WriteIniValue(*file, u"S", u"k", u"x", true);
-    EXPECT_FALSE(file->Commit());
+    EXPECT_EQ(file->Commit(),
+              (WriteError{WriteError::Kind::Unreadable, "it could not be read before"}));
 
     EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nforeign=1\r\n");
-    EXPECT_EQ(trace.lines.size(), 1);
+    EXPECT_EQ(trace.lines, QStringList("Unable to write " + folder.Path("a.ini")
+                                       + ": it could not be read before"));
     EXPECT_TRUE(WriteOne("a.ini", u"x"));
     EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nforeign=1\r\nk=x\r\n");
 }

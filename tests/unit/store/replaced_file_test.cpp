@@ -1,4 +1,5 @@
 #include "store/replaced_file.h"
+#include "support/failing_write.h"
 #include "support/qt_printers.h"
 #include "support/recorded_trace.h"
 #include "support/test_files.h"
@@ -8,38 +9,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
 #include <cerrno>
-#include <csignal>
 #include <functional>
 
 namespace {
-
-/// While it lives no file can grow beyond `bytes`, as on a disk that is full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit m_before = {};
-    void (*m_handler)(int) = nullptr;
-};
 
 class ReplacedFile : public testing::Test
 {
@@ -57,32 +33,49 @@ protected:
 
 TEST_F(ReplacedFile, HasAllPieces)
 {
-    EXPECT_EQ(ReplaceFile(Path(), {"one\n", "", "two\n"}), "");
+    EXPECT_EQ(ReplaceFile(Path(), {"one\n", "", "two\n"}), WriteError());
     EXPECT_EQ(folder.Bytes("Weather.ini"), "one\ntwo\n");
-    EXPECT_EQ(ReplaceFile(Path(), {}), "");
+    EXPECT_EQ(ReplaceFile(Path(), {}), WriteError());
     EXPECT_EQ(folder.Bytes("Weather.ini"), "");
     EXPECT_EQ(Files(), QStringList("Weather.ini"));
 }
 
 TEST_F(ReplacedFile, OnAFullDiskTheOldOneStays)
 {
+    const QByteArrayList small = {QByteArray(5000, 'x')};
+    const QByteArrayList large = {"begin", QByteArray(100'000, 'x'), "end"};
     folder.Write("Weather.ini", "old");
-    {
-        const FullDisk full(1000);
-        EXPECT_NE(ReplaceFile(Path(), {QByteArray(5000, 'x')}), "");
-        EXPECT_NE(ReplaceFile(Path(), {"begin", QByteArray(100'000, 'x'), "end"}), "");
-        EXPECT_EQ(folder.Bytes("Weather.ini"), "old");
-        EXPECT_EQ(Files(), QStringList("Weather.ini"));
+    for (const int number : {ENOSPC, EDQUOT}) {
+        for (const qint64 room : {0, 1000, 50'000}) {
+            const FailingWrite full(number, room);
+            const WriteError error = ReplaceFile(Path(), room < 5000 ? small : large);
+            EXPECT_EQ(error.kind, WriteError::Kind::DiskFull) << room;
+            EXPECT_NE(error.text, "");
+            EXPECT_EQ(folder.Bytes("Weather.ini"), "old");
+            EXPECT_EQ(Files(), QStringList("Weather.ini"));
+        }
     }
-    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), WriteError());
     EXPECT_EQ(folder.Bytes("Weather.ini"), "new");
+}
+
+TEST_F(ReplacedFile, OnABadDiskTheOldOneStays)
+{
+    folder.Write("Weather.ini", "old");
+    const FailingWrite bad(EIO, 0);
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}),
+              (WriteError{WriteError::Kind::Other, "Input/output error"}));
+    EXPECT_EQ(folder.Bytes("Weather.ini"), "old");
+    EXPECT_EQ(Files(), QStringList("Weather.ini"));
 }
 
 TEST_F(ReplacedFile, ProblemIsTheSystems)
 {
-    EXPECT_EQ(ReplaceFile(folder.Path("none/Weather.ini"), {"x"}), "No such file or directory");
+    EXPECT_EQ(ReplaceFile(folder.Path("none/Weather.ini"), {"x"}),
+              (WriteError{WriteError::Kind::Gone, "No such file or directory"}));
     ASSERT_TRUE(QDir().mkdir(Path()));
-    EXPECT_EQ(ReplaceFile(Path(), {"x"}), "Is a directory");
+    EXPECT_EQ(ReplaceFile(Path(), {"x"}),
+              (WriteError{WriteError::Kind::NotAFile, "Is a directory"}));
     EXPECT_EQ(Files(), QStringList("Weather.ini"));
 }
 
@@ -104,7 +97,7 @@ TEST_F(ReplacedFile, KeepsItsAccessList)
         return;
     }
 
-    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), WriteError());
 
     QByteArray kept(100, '\0');
     kept.resize(qMax(0, int(::getxattr(name.constData(), kind, kept.data(), size_t(kept.size())))));
@@ -159,7 +152,7 @@ protected:
     }
 
     /// Stores "new" while `plant` lays something under the first name that is tried.
-    QString ReplaceOver(const std::function<void(const char *name)> &plant)
+    WriteError ReplaceOver(const std::function<void(const char *name)> &plant)
     {
         const WatchedOpen watch([&](const char *path, mode_t /*mode*/) {
             if (names.isEmpty())
@@ -187,7 +180,7 @@ TEST_F(PlantedFile, IsNotOverwritten)
                   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
                   file.write("planted");
               }),
-              "");
+              WriteError());
 
     ExpectAnotherName();
     QFile planted(names[0]);
@@ -201,7 +194,7 @@ TEST_F(PlantedFile, IsNotFollowedWhereItIsALink)
     EXPECT_EQ(ReplaceOver([&](const char *name) {
                   ASSERT_TRUE(QFile::link(victim, QFile::decodeName(name)));
               }),
-              "");
+              WriteError());
 
     ExpectAnotherName();
     EXPECT_TRUE(QFileInfo(names[0]).isSymLink());
@@ -214,7 +207,7 @@ TEST_F(PlantedFile, IsNotFollowedWhereItIsALinkToNothing)
     EXPECT_EQ(ReplaceOver([&](const char *name) {
                   ASSERT_TRUE(QFile::link(nothing, QFile::decodeName(name)));
               }),
-              "");
+              WriteError());
 
     ExpectAnotherName();
     EXPECT_FALSE(QFile::exists(nothing));
@@ -227,7 +220,7 @@ TEST_F(ReplacedFile, IsNeverOpenToMoreThanTheOldOneWas)
     mode_t begun = 0;
     const WatchedOpen watch([&begun](const char * /*path*/, mode_t mode) { begun = mode; });
 
-    EXPECT_EQ(ReplaceFile(Path(), {"new"}), "");
+    EXPECT_EQ(ReplaceFile(Path(), {"new"}), WriteError());
 
     // Who opens the file before its mode is set reads what is written to it later.
     EXPECT_EQ(begun & 0077U, 0U);

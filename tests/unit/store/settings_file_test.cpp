@@ -98,6 +98,31 @@ TEST_F(SettingsFile, PortIsLoadedAsItStands)
     EXPECT_EQ(LoadFrom("HTTPPort=proxy").settings.HTTPPort, QString("proxy"));
 }
 
+TEST_F(SettingsFile, CheckIntervalIsOneOfFourTexts)
+{
+    for (const int minutes : {15, 30, 60, 180}) {
+        EXPECT_EQ(LoadFrom("CheckInterval=" + QByteArray::number(minutes)).settings.CheckInterval,
+                  std::optional(minutes));
+    }
+    for (const char *text : {"", "0", "14", "30.0", "030", "+60", "1e2", "900", "30 min", "x"}) {
+        EXPECT_EQ(LoadFrom(QByteArray("CheckInterval=") + text).settings.CheckInterval,
+                  std::nullopt);
+    }
+    EXPECT_EQ(LoadFrom({}).settings.CheckInterval, std::nullopt);
+}
+
+TEST_F(SettingsFile, CheckIntervalIsStoredOnlyWhereThereIsOne)
+{
+    folder.Write("s.ini", "[Settings]\r\nCheckInterval=soon\r\n");
+    SaveSettings(Ini(), {});
+    EXPECT_EQ(ReadIniValue(IniFile(Ini()), u"Settings", u"CheckInterval"), "soon");
+
+    Settings settings;
+    settings.CheckInterval = 180;
+    SaveSettings(Ini(), settings);
+    EXPECT_EQ(ReadIniValue(IniFile(Ini()), u"Settings", u"CheckInterval"), "180");
+}
+
 struct CurrentProfileCase
 {
     const char *name;

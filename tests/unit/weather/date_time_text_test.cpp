@@ -59,6 +59,18 @@ const DateCase kCases[] = {
     {.name = "TwoDigitYearOf1900s", .text = "11/5/85", .expected = "11/5/1985"},
     {.name = "YearBelowOneThousand", .text = "0987-11-05", .expected = "11/5/0987"},
     {.name = "YearBelowOneHundred", .text = "11/5/0099 0:01", .expected = "11/5/0099 12:01:00 AM"},
+    {.name = "CommaAheadOfTheTime", .text = "1/2/2008, 3:04 PM", .expected = "1/2/2008 3:04:00 PM"},
+    {.name = "NameAndTwoCommas",
+     .text = "Nov 5, 2019, 9:07 PM",
+     .expected = "11/5/2019 9:07:00 PM"},
+    {.name = "NameAndCommaAheadOfTheTime",
+     .text = "Nov 1 2016, 3:58 pm",
+     .expected = "11/1/2016 3:58:00 PM"},
+    {.name = "YearFirstAndCommaAheadOfTheTime",
+     .text = "2019-11-05 ,21:07:33",
+     .expected = "11/5/2019 9:07:33 PM"},
+    {.name = "NameAndCommaWithoutAYear", .text = "Nov 5, 9 pm", .expected = "11/5/2026 9:00:00 PM"},
+    {.name = "CommaWithoutAYear", .text = "11/5, 13.45", .expected = "11/5/2026 1:45:00 PM"},
     {.name = "LeapDay", .text = "2/29/2024", .expected = "2/29/2024"},
 
     {.name = "HourTooLarge", .text = "25:07", .expected = "none"},
@@ -81,6 +93,19 @@ const DateCase kCases[] = {
     {.name = "TrailingSeparator", .text = "11/5/", .expected = "none"},
     {.name = "DoubledSeparator", .text = "11//5/2019", .expected = "none"},
     {.name = "CommaBetweenNumbers", .text = "11,5,2019", .expected = "none"},
+    {.name = "CommaBetweenNumbersAheadOfATime", .text = "11,5, 21:07", .expected = "none"},
+    {.name = "CommaAheadOfATimeThatIsNone", .text = "11/5/2019, 25:07", .expected = "none"},
+    {.name = "CommaAheadOfALongHour", .text = "Nov 5, 2019.30", .expected = "none"},
+    {.name = "TwoCommasAheadOfTheTime", .text = "11/5/2019,, 21:07", .expected = "none"},
+    {.name = "OtherSeparatorAheadOfTheTime", .text = "11/5/2019- 21:07", .expected = "none"},
+    {.name = "SeparatorAndCommaAheadOfTheTime", .text = "11/5/, 21:07", .expected = "none"},
+    {.name = "CommaBehindTheDate", .text = "11/5/2019,", .expected = "none"},
+    {.name = "CommaBehindTheTime", .text = "11/5/2019, 21:07,", .expected = "none"},
+    {.name = "CommaBehindTheTimeAheadOfTheDate", .text = "21:07, 11/5/2019", .expected = "none"},
+    {.name = "CommaAheadOfABareTime", .text = ", 21:07", .expected = "none"},
+    {.name = "CommaBetweenANameAndATime", .text = "Nov, 21:07", .expected = "none"},
+    {.name = "CommaBetweenADayAndATime", .text = "11, 21:07", .expected = "none"},
+    {.name = "TwoTimesAndAComma", .text = "21:07 11/5/2019, 21:08", .expected = "none"},
     {.name = "ThreeDigitYear", .text = "11/5/201", .expected = "none"},
     {.name = "TextBehind", .text = "11/5/2019 21:07 x", .expected = "none"},
     {.name = "TwoTimes", .text = "21:07 11/5/2019 21:08", .expected = "none"},
@@ -115,17 +140,19 @@ TEST(ConvertUtcToLocal, KeepsABareTimeBareWithinTheDay)
     EXPECT_EQ(DateTimeText(ConvertUtcToLocal(utc, 5 * 3600)), "12/31/1899 2:07:00 AM");
 }
 
-TEST(ToMoment, RoundsToTheNearestSecond)
+TEST(ToMoment, IsCutToSeconds)
 {
     const auto text = [](QTime time) {
-        return DateTimeText(ToMoment(QDateTime(QDate(2026, 7, 4), time)));
+        return DateTimeText(ToMoment(QDateTime(QDate(2026, 12, 31), time)));
     };
 
-    EXPECT_EQ(text(QTime(15, 5, 9, 499)), "7/4/2026 3:05:09 PM");
-    EXPECT_EQ(text(QTime(15, 5, 9, 500)), "7/4/2026 3:05:10 PM");
-    EXPECT_EQ(text(QTime(23, 59, 59, 900)), "7/5/2026");
-    EXPECT_EQ(text(QTime(0, 0)), "7/4/2026");
-    EXPECT_EQ(text(QTime(0, 0, 1)), "7/4/2026 12:00:01 AM");
+    EXPECT_EQ(text(QTime(15, 5, 9)), "12/31/2026 3:05:09 PM");
+    EXPECT_EQ(text(QTime(15, 5, 9, 500)), "12/31/2026 3:05:09 PM");
+    EXPECT_EQ(text(QTime(23, 59, 59, 700)), "12/31/2026 11:59:59 PM");
+    EXPECT_EQ(text(QTime(23, 59, 59, 999)), "12/31/2026 11:59:59 PM");
+    EXPECT_EQ(text(QTime(0, 0)), "12/31/2026");
+    EXPECT_EQ(text(QTime(0, 0, 0, 999)), "12/31/2026");
+    EXPECT_EQ(text(QTime(0, 0, 1)), "12/31/2026 12:00:01 AM");
 }
 
 } // namespace

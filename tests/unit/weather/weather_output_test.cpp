@@ -1,5 +1,6 @@
 #include "support/qt_printers.h"
 #include "support/test_files.h"
+#include "support/weather_values.h"
 #include "weather/weather_output.h"
 
 #include <QDir>
@@ -12,15 +13,15 @@ namespace {
 QString ShownMinimum(const QString &value)
 {
     WeatherValues values;
-    values.minTempValue = value;
-    return DisplayedValues(values).minTempValue;
+    values[Quantity::MinTemp] = value;
+    return DisplayedValues(values)[Quantity::MinTemp];
 }
 
 QString ShownMaximum(const QString &value)
 {
     WeatherValues values;
-    values.maxTempValue = value;
-    return DisplayedValues(values).maxTempValue;
+    values[Quantity::MaxTemp] = value;
+    return DisplayedValues(values)[Quantity::MaxTemp];
 }
 
 TEST(DisplayedValues, HideTheStoresNeutralExtremes)
@@ -41,9 +42,9 @@ TEST(DisplayedValues, HideTheStoresNeutralExtremes)
 TEST(DisplayedValues, AreOtherwiseUnchanged)
 {
     WeatherValues values;
-    for (const WeatherValueField &field : kWeatherValueFields)
-        values.*field.value = field.name.toString();
-    values.temperatureValue = "1000 F";
+    for (const Quantity quantity : kValues)
+        values[quantity] = RowOf(quantity).value.toString();
+    values[Quantity::Temperature] = "1000 F";
 
     EXPECT_EQ(DisplayedValues(values), values);
 }
@@ -60,26 +61,26 @@ TEST_F(WeatherOutput, HoldsSeventeenKeysInOrder)
 {
     profile.copyright = "Data (c) %YEAR%";
     profile.copyrightURL = "https://host/%YEAR%";
-    const WeatherValues shown{
-        .temperatureValue = "61.3 F",
-        .conditionsValue = "Light Rain",
-        .windSpeedDirValue = "10 at NW",
-        .humidityValue = "75%",
-        .atmosPressValue = "30.1 in",
-        .dewPointValue = "53.1 F",
-        .windchillValue = "N/A",
-        .heatindexValue = "62 F",
-        .visibilityValue = "10 mi",
-        .sunriseValue = "7:01 AM",
-        .sunsetValue = "4:31 PM",
-        .minTempValue = "12.5 F",
-        .maxTempValue = "71 F",
-        .precipValue = "0.02 in",
-        .timeValue = "14:53",
-        .locationValue = "Oak Hill",
-    };
+    const WeatherValues shown = ValuesOf({
+        {Quantity::Temperature, "61.3 F"},
+        {Quantity::Conditions, "Light Rain"},
+        {Quantity::WindSpeed, "10 at NW"},
+        {Quantity::Humidity, "75%"},
+        {Quantity::AtmosPress, "30.1 in"},
+        {Quantity::DewPoint, "53.1 F"},
+        {Quantity::WindChill, "N/A"},
+        {Quantity::HeatIndex, "62 F"},
+        {Quantity::Visibility, "10 mi"},
+        {Quantity::Sunrise, "7:01 AM"},
+        {Quantity::Sunset, "4:31 PM"},
+        {Quantity::MinTemp, "12.5 F"},
+        {Quantity::MaxTemp, "71 F"},
+        {Quantity::Precip, "0.02 in"},
+        {Quantity::Time, "14:53"},
+        {Quantity::Location, "Oak Hill"},
+    });
 
-    SaveWeatherData(file, shown, &profile, 2024);
+    DirectFileWriter().Put(WeatherPatch(file, shown, &profile, 2024));
 
     EXPECT_EQ(folder.Bytes("Weather3.ini"), "[Weather]\r\n"
                                             "TIME=14:53\r\n"
@@ -104,9 +105,9 @@ TEST_F(WeatherOutput, HoldsSeventeenKeysInOrder)
 TEST_F(WeatherOutput, EscapesLineBreaks)
 {
     WeatherValues shown;
-    shown.conditionsValue = "a\r\nb\tc";
+    shown[Quantity::Conditions] = "a\r\nb\tc";
 
-    SaveWeatherData(file, shown, &profile, 2024);
+    DirectFileWriter().Put(WeatherPatch(file, shown, &profile, 2024));
 
     EXPECT_TRUE(folder.Bytes("Weather3.ini").contains("\r\nCONDITIONS=a[CR][LF]b[TAB]c\r\n"));
 }
@@ -116,7 +117,7 @@ TEST_F(WeatherOutput, WritesEmptyValuesAndTheCreditsAfterClearing)
     profile.copyright = "Source";
     profile.copyrightURL = "https://host/";
 
-    SaveWeatherData(file, {}, &profile, 2024);
+    DirectFileWriter().Put(WeatherPatch(file, {}, &profile, 2024));
 
     EXPECT_EQ(folder.Bytes("Weather3.ini"),
               "[Weather]\r\nTIME=\r\nCOPYRIGHT=Source\r\nCOPYRIGHTURL=https://host/\r\nCITY=\r\n"
@@ -129,7 +130,8 @@ TEST_F(WeatherOutput, LeavesTheCreditsAloneWithoutAProfile)
 {
     folder.Write("Weather3.ini", "[Weather]\r\nCOPYRIGHT=old\r\n");
 
-    SaveWeatherData(file, {.temperatureValue = "1.0"}, nullptr, 2024);
+    DirectFileWriter().Put(
+        WeatherPatch(file, ValuesOf({{Quantity::Temperature, "1.0"}}), nullptr, 2024));
 
     const QByteArray written = folder.Bytes("Weather3.ini");
     EXPECT_TRUE(written.startsWith("[Weather]\r\nCOPYRIGHT=old\r\nTIME=\r\nCITY=\r\nTEMP=1.0\r\n"));
@@ -140,7 +142,8 @@ TEST_F(WeatherOutput, KeepsOtherWritersKeys)
 {
     folder.Write("Weather3.ini", "; note\n[weather]\nTEMP = 5\nOwn=1\n\n[Other]\nx=y");
 
-    SaveWeatherData(file, {.temperatureValue = "61.3 F"}, nullptr, 2024);
+    DirectFileWriter().Put(
+        WeatherPatch(file, ValuesOf({{Quantity::Temperature, "61.3 F"}}), nullptr, 2024));
 
     const QByteArray written = folder.Bytes("Weather3.ini");
     EXPECT_TRUE(written.startsWith("; note\n[weather]\nTEMP=61.3[SP]F\r\nOwn=1\nTIME=\r\n"));
@@ -151,7 +154,8 @@ TEST_F(WeatherOutput, ChangesNothingWhereItCannotWrite)
 {
     ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in the file's place
 
-    SaveWeatherData(file, {.temperatureValue = "61.3 F"}, &profile, 2024);
+    DirectFileWriter().Put(
+        WeatherPatch(file, ValuesOf({{Quantity::Temperature, "61.3 F"}}), &profile, 2024));
 
     EXPECT_TRUE(QFileInfo(file.path).isDir());
     EXPECT_EQ(QFileInfo(file.path).dir().entryList(QDir::Files | QDir::Hidden).size(), 0);

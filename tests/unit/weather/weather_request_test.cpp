@@ -13,8 +13,7 @@ class WeatherRequest : public testing::Test
 protected:
     bool Request(const QString &port = "80")
     {
-        return RequestCurrentWeather(&profile, port, handle, http, status,
-                                     [this] { ++animations; });
+        return RequestCurrentWeather(&profile, port, handle, http, status);
     }
 
     QString RequestedUrl(const QString &port = "80")
@@ -27,7 +26,6 @@ protected:
     TransferHandle handle = 0;
     FakeTransfers http;
     RecordedStatus status;
-    int animations = 0; ///< How often the icon's animation was started.
 };
 
 TEST_F(WeatherRequest, HasNoPortInTheAddressForEighty)
@@ -88,7 +86,7 @@ TEST_F(WeatherRequest, DoesNothingWithoutAnAddress)
     handle = 7;
 
     EXPECT_FALSE(Request());
-    EXPECT_FALSE(RequestCurrentWeather(nullptr, "80", handle, http, status, [] {}));
+    EXPECT_FALSE(RequestCurrentWeather(nullptr, "80", handle, http, status));
 
     EXPECT_EQ(handle, 7);
     EXPECT_TRUE(http.calls.isEmpty());
@@ -105,32 +103,6 @@ TEST_F(WeatherRequest, ClosesTheTransferBefore)
     EXPECT_EQ(http.calls, (QStringList{"open 80", "get http://host/a", "close 1", "open 80",
                                        "get http://host/a"}));
     EXPECT_EQ(handle, 2);
-}
-
-TEST_F(WeatherRequest, StartsTheIconAnimationWhateverComesOfIt)
-{
-    EXPECT_FALSE(Request()); // no address
-    EXPECT_EQ(animations, 1);
-
-    profile.baseURL = "http://host/a";
-    http.refuseOpen = true;
-    EXPECT_FALSE(Request());
-    EXPECT_EQ(animations, 2);
-
-    http.refuseOpen = false;
-    EXPECT_TRUE(Request());
-    EXPECT_EQ(animations, 3);
-}
-
-TEST_F(WeatherRequest, StartsTheIconAnimationFirst)
-{
-    profile.baseURL = "http://host/a";
-    QStringList before{"not called"};
-
-    EXPECT_TRUE(RequestCurrentWeather(&profile, "80", handle, http, status,
-                                      [&] { before = http.calls + status.texts; }));
-
-    EXPECT_EQ(before, QStringList());
 }
 
 TEST_F(WeatherRequest, ReportsARefusedOpenInTwoWordings)

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "station/station_view.h"
+
+/// A view that shows nothing: for nobody, and for those who want to know little.
+class SilentView : public StationView
+{
+public:
+    void SetStatus(const QString & /*text*/) override {}
+    void WeatherChanged() override {}
+    void ForecastChanged() override {}
+    void ProfilesChanged() override {}
+    void CountdownsChanged() override {}
+    void RequestStarted() override {}
+    void RawReply(const QString & /*text*/) override {}
+    void ZoneCodes(const QString & /*text*/) override {}
+};
