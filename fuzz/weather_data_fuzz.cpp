@@ -12,7 +12,7 @@
 
 namespace {
 
-const QDateTime kNow(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
+const QDateTime kReadAt(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
 
 /// How one quantity is computed, and below which result it does not apply.
 struct Rule
@@ -81,7 +81,7 @@ private:
         const QuantityTags &tags = m_profile[quantity];
         return PlainNodeValue(
             m_working, {tags.Open, tags.Close, tags.Prefix, tags.Suffix, units, factor, format},
-            kNow);
+            kReadAt);
     }
 
     [[nodiscard]] QString Read(Quantity quantity, const QString &format = {}) const
@@ -183,7 +183,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     std::optional<QString> working = PlainWorking(profile, reply);
     const bool whole = working && !MissingRequiredValue(profile, *working);
 
-    WeatherReading reading = BeginReading(&profile, reply, kNow);
+    WeatherReading reading = BeginReading(&profile, reply, kReadAt);
 
     CheckRaw(reply);
     Demand(reading.taken == whole, "a reply with all that is required is taken");
@@ -194,7 +194,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
         Demand(!reading.statuses.isEmpty(), "the status says why");
         return 0;
     }
-    const WeatherValues values = FinishReading(std::move(reading), profile, minMax, kNow);
+    const WeatherValues values = FinishReading(std::move(reading), profile, minMax, kReadAt);
     const WeatherValues plain = PlainParser(before, *working, minMax).Parse();
     for (const Quantity quantity : kValues) {
         Demand(!values[quantity].isEmpty(), "no value is empty");

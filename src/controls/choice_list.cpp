@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int kTextMargin = 2; // as the styles have it
-constexpr int kMinWidth = 80;  // narrower is no use to anyone
+constexpr int kListTextMargin = 2; // as the styles have it
+constexpr int kMinListWidth = 80;  // narrower is no use to anyone
 constexpr int kMaxWidth = 600; // of the opened list: it has to fit on a screen
 
 } // namespace
@@ -65,7 +65,7 @@ void ChoiceList::wheelEvent(QWheelEvent *event)
 
 QSize ChoiceList::minimumSizeHint() const
 {
-    return {kMinWidth, QComboBox::minimumSizeHint().height()};
+    return {kMinListWidth, QComboBox::minimumSizeHint().height()};
 }
 
 QString ChoiceList::ElidedTitle() const
@@ -74,7 +74,7 @@ QString ChoiceList::ElidedTitle() const
     initStyleOption(&option);
     const QRect room =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - kTextMargin);
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - kListTextMargin);
 }
 
 bool ChoiceList::IsShownWhole() const

@@ -10,17 +10,17 @@ namespace {
 
 const QString kName = u"LiteralToolTip"_s;
 constexpr qsizetype kLongest = 1000;   // a tool tip must fit on the screen
-constexpr qsizetype kLongestLine = 60; // characters
+constexpr qsizetype kLongestTipLine = 60; // characters
 
 /// `line` in lines of readable length, wrapped at blanks if there are any. The toolkit itself would
 /// make a column of a few words of it.
 QString Folded(QStringView line)
 {
     QStringList lines;
-    while (line.size() > kLongestLine) {
-        const qsizetype blank = line.first(kLongestLine + 1).lastIndexOf(u' ');
-        lines.append(line.first(blank > 0 ? blank : kLongestLine).toString());
-        line = line.sliced(blank > 0 ? blank + 1 : kLongestLine);
+    while (line.size() > kLongestTipLine) {
+        const qsizetype blank = line.first(kLongestTipLine + 1).lastIndexOf(u' ');
+        lines.append(line.first(blank > 0 ? blank : kLongestTipLine).toString());
+        line = line.sliced(blank > 0 ? blank + 1 : kLongestTipLine);
     }
     lines.append(line.toString());
     return lines.join(u'\n');

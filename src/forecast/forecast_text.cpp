@@ -6,13 +6,13 @@
 
 namespace {
 
-constexpr qsizetype kZoneCodeLength = 6;
+constexpr qsizetype kCountedLength = 6;
 
 /// What follows the zone code. It counts as six characters long whatever its length; where it does
 /// not occur, the position is -1 and five characters go.
 QStringView AfterZoneCode(QStringView product, const QString &zoneCode)
 {
-    const qsizetype cut = product.indexOf(zoneCode.toUpper()) + kZoneCodeLength;
+    const qsizetype cut = product.indexOf(zoneCode.toUpper()) + kCountedLength;
     return product.sliced(std::min(cut, product.size()));
 }
 

@@ -8,6 +8,8 @@
 /// Takes the place of an hour's temperature if there is no reading.
 inline constexpr double kNoReading = -1000;
 
+inline constexpr int kHoursPerDay = 24;
+
 /// A day of hourly temperatures and the scale that they are shown on, all in one unit.
 struct DayTemps
 {

@@ -7,7 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kHours = 24;
 constexpr double kNarrowestHour = 2;   // pixels; below that a curve cannot be seen
 constexpr double kWidestColumn = 0.25; // of the control, for texts on either side
 constexpr int kMarkDecimals = 1;
@@ -22,7 +21,7 @@ QRectF PlotArea(const QSizeF &size, const GraphTextSizes &sizes, const GraphPlan
     const double right = std::floor(size.width() - plan.edge - (marks > 0 ? marks + plan.gap : 0));
     const double top = std::ceil(plan.edge + sizes.height + plan.gap);
     const double bottom = std::floor(size.height() - 2 * plan.edge - sizes.height);
-    if (right - left < kNarrowestHour * kHours || bottom - top < sizes.height)
+    if (right - left < kNarrowestHour * kHoursPerDay || bottom - top < sizes.height)
         return {};
     return {left, top, right - left, bottom - top};
 }
@@ -65,8 +64,8 @@ void PlanMarks(GraphPlan &plan, const DayTemps &day, const GraphTexts &texts, do
 
 void PlanHours(GraphPlan &plan, double width)
 {
-    plan.hourStep = HourStep(plan.plot.width() / kHours, width);
-    for (int hour = 0; hour < kHours; hour += plan.hourStep) {
+    plan.hourStep = HourStep(plan.plot.width() / kHoursPerDay, width);
+    for (int hour = 0; hour < kHoursPerDay; hour += plan.hourStep) {
         const QRectF box(XOfHour(plan.plot, hour) - width / 2, plan.plot.bottom() + plan.edge,
                          width, plan.textHeight);
         plan.hours.push_back({.caption = HourText(hour), .box = box, .visible = true});

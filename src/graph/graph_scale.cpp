@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kHoursOfDay = 24;
 constexpr int kNoon = 12;
 constexpr double kFarthest = 100; // heights of the plot; farther cannot be seen, nor painted
 constexpr double kLargestPlain = 1e6;
@@ -51,7 +50,7 @@ std::optional<TempScale> DrawnScale(const DayTemps &day)
 
 double XOfHour(const QRectF &plot, int hour)
 {
-    return plot.left() + plot.width() * hour / kHoursOfDay;
+    return plot.left() + plot.width() * hour / kHoursPerDay;
 }
 
 double YOfTemp(const QRectF &plot, const TempScale &scale, double temperature)
@@ -102,7 +101,7 @@ int HourStep(double hourWidth, double textWidth)
     const auto *const step = std::find_if(kSteps.begin(), kSteps.end(), [&](int hours) {
         return hours * hourWidth >= textWidth + kHourGap;
     });
-    return step == kSteps.end() ? kHoursOfDay : *step;
+    return step == kSteps.end() ? kHoursPerDay : *step;
 }
 
 int LabelStep(double plotHeight, double textHeight)

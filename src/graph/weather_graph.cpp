@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kHours = 24;
 // Width of one hour in pixels; width of the rest, and height of the whole, in lines of text.
 constexpr int kHourWidth = 14;
 constexpr int kNarrowHourWidth = 4;
@@ -38,7 +37,7 @@ GraphTextSizes Measure(const GraphTexts &texts, const QFont &font)
     for (const QString &label : texts.labels)
         sizes.label = std::max(sizes.label, width(label));
     sizes.mark = std::max(width(texts.lowest), width(texts.highest));
-    for (int hour = 0; hour < kHours; ++hour)
+    for (int hour = 0; hour < kHoursPerDay; ++hour)
         sizes.hour = std::max(sizes.hour, width(HourText(hour)));
     return sizes;
 }
@@ -112,13 +111,13 @@ void WeatherGraph::ShowChange()
 QSize WeatherGraph::sizeHint() const
 {
     const int line = fontMetrics().height();
-    return {kHours * kHourWidth + kTextLines * line, kLines * line};
+    return {kHoursPerDay * kHourWidth + kTextLines * line, kLines * line};
 }
 
 QSize WeatherGraph::minimumSizeHint() const
 {
     const int line = fontMetrics().height();
-    return {kHours * kNarrowHourWidth + kTextLines * line, kFewLines * line};
+    return {kHoursPerDay * kNarrowHourWidth + kTextLines * line, kFewLines * line};
 }
 
 void WeatherGraph::paintEvent(QPaintEvent * /*event*/)

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::seconds kLongestWait = 1h;
+constexpr std::chrono::seconds kLongestPause = 1h;
 
 // Larger counts of seconds mean "for ever", which 68 years are; so no sum overflows.
 constexpr qint64 kMostSeconds = 2147483648;
@@ -168,14 +168,14 @@ std::optional<std::chrono::seconds> RetryAfter(QByteArrayView text, const QDateT
 {
     text = text.trimmed();
     if (const auto seconds = Digits(text))
-        return std::min(std::chrono::seconds(*seconds), kLongestWait);
+        return std::min(std::chrono::seconds(*seconds), kLongestPause);
     const auto date = HttpDate(text, now);
     if (!date)
         return std::nullopt;
     // Rounded up: a moment too early is one request for nothing.
     const auto wait =
         std::chrono::ceil<std::chrono::seconds>(std::chrono::milliseconds(now.msecsTo(*date)));
-    return std::clamp(wait, std::chrono::seconds(0), kLongestWait);
+    return std::clamp(wait, std::chrono::seconds(0), kLongestPause);
 }
 
 std::optional<QDateTime> FreshUntil(const ReplyHeaders &headers, const QDateTime &now)

@@ -6,6 +6,9 @@
 #include <QString>
 #include <QStringList>
 
+/// Milliseconds, far more than any step needs: a slow machine is no failure.
+inline constexpr int kPatience = 30'000;
+
 /// The built program on a test's desktop, used as a person uses it: its controls are found as
 /// assistive technology finds them, and then clicked and typed into on the screen.
 ///
@@ -14,9 +17,6 @@ class RunningProgram
 {
 public:
     using State = Accessible::State;
-
-    /// Far more than any step needs: a slow machine is no failure.
-    static constexpr int kPatience = 30'000; ///< Milliseconds.
 
     explicit RunningProgram(Desktop &desktop, const QStringList &arguments = {});
     ~RunningProgram(); ///< Tells what it knows when the test has failed.

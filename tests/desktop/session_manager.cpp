@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int kPatience = 30'000; // milliseconds
+constexpr int kAnswerPatience = 30'000; // milliseconds
 
 } // namespace
 
@@ -28,7 +28,7 @@ bool SessionManager::WaitFor(const QByteArray &line)
         Listen();
         return m_said.indexOf(line, m_awaited) >= 0;
     };
-    if (!QTest::qWaitFor(isSaid, kPatience)) {
+    if (!QTest::qWaitFor(isSaid, kAnswerPatience)) {
         qWarning() << "No" << line << "in" << m_said;
         return false;
     }

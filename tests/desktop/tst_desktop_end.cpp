@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
 const QString kSettings = "TavrinWeatherSettings.ini";
 const QString kRecovery = "TavrinWeatherRecovery.ini";
 const QByteArray kFirstRunOnly = "[Settings]\r\nFirstRun=False\r\n";

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
 /// Four locations; no address, so that nothing is requested.
 const QByteArray kProfile = "[Profile0]\r\ntitle=Four places\r\nlocation1Title=City\r\n"
                             "location2Title=County\r\nlocation3Title=State\r\n"

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
 } // namespace
 
 /// Panels that come and go while the program runs.

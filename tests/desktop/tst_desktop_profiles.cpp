@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
 } // namespace
 
 /// The list of profiles under a user's hands. Each profile has an address of its own, by which the

@@ -9,9 +9,7 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
-const QString kSettings = "TavrinWeatherSettings.ini";
+const QString kSettingsFile = "TavrinWeatherSettings.ini";
 const QString kLock = "TavrinWeatherUtility.lock";
 const QByteArray kNoMinimising = "[Settings]\r\nFirstRun=False\r\nMinimizeOnStartup=False\r\n";
 
@@ -74,7 +72,7 @@ void tst_desktop_session_manager::StartWith(const OneReplyService &service)
                      "[Profile0]\r\ntitle=Service\r\nbaseURL=" + service.Address()
                          + "\r\nlocation1Title=Place\r\ntemperatureOpen=t=\r\n"
                            "temperatureClose=;\r\n");
-    m_desktop->Write(kSettings, kNoMinimising + "[Profile0]\r\nlocation1=a\r\n");
+    m_desktop->Write(kSettingsFile, kNoMinimising + "[Profile0]\r\nlocation1=a\r\n");
     Start();
 }
 
@@ -82,13 +80,13 @@ void tst_desktop_session_manager::ChangeTheZone()
 {
     QVERIFY(m_program->Click("cmdPage1"));
     QVERIFY(m_program->TypeInto("txtZoneCode", "MDZ011"));
-    QVERIFY(!m_desktop->Read(kSettings).contains("MDZ011"));
+    QVERIFY(!m_desktop->Read(kSettingsFile).contains("MDZ011"));
 }
 
 /// The program has stored the change, holds its session and makes its next request.
 void tst_desktop_session_manager::ExpectItGoesOn()
 {
-    QVERIFY(m_desktop->Read(kSettings).contains("ForecastZone=MDZ011\r\n"));
+    QVERIFY(m_desktop->Read(kSettingsFile).contains("ForecastZone=MDZ011\r\n"));
     QVERIFY(m_program->Process().IsRunning());
     RunningProgram second(*m_desktop);
     QCOMPARE(second.Process().ExitCode(), 0);
@@ -137,7 +135,7 @@ void tst_desktop_session_manager::aLogOutEndsTheProgram()
     QVERIFY(m_manager->EndSession());
 
     QCOMPARE(m_program->Process().ExitCode(), 0); // with a question it would not end
-    QVERIFY(m_desktop->Read(kSettings).contains("ForecastZone=MDZ011\r\n"));
+    QVERIFY(m_desktop->Read(kSettingsFile).contains("ForecastZone=MDZ011\r\n"));
     QVERIFY(!m_desktop->Files().contains(kLock));
     QVERIFY(m_program->Trace().contains("unloadmode = 2\n"));
     QVERIFY(!m_program->Trace().contains("unloadmode = 0\n"));
@@ -154,7 +152,7 @@ void tst_desktop_session_manager::aLogOutEndsAnOpenQuestion()
     QVERIFY(m_manager->EndSession());
 
     QCOMPARE(m_program->Process().ExitCode(), 0);
-    QVERIFY(m_desktop->Read(kSettings).contains("HTTPPort=80\r\n"));
+    QVERIFY(m_desktop->Read(kSettingsFile).contains("HTTPPort=80\r\n"));
     QVERIFY(!m_desktop->Files().contains(kLock));
 }
 

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int kPatience = RunningProgram::kPatience;
-
 } // namespace
 
 /// Starts of the program beside each other, in one folder.

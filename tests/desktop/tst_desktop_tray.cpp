@@ -5,12 +5,6 @@
 
 #include <memory>
 
-namespace {
-
-constexpr int kPatience = RunningProgram::kPatience;
-
-} // namespace
-
 /// Minimising and coming back, on desktops with either kind of panel and with none.
 class tst_desktop_tray final : public QObject
 {

@@ -13,12 +13,12 @@ namespace {
 
 /// One button at either end of the title bar, so that a test can hit it. Keys and mouse do what
 /// they do by default.
-constexpr char kConfiguration[] = R"(<openbox_config xmlns="http://openbox.org/3.4/rc">
+constexpr char kManagerConfiguration[] = R"(<openbox_config xmlns="http://openbox.org/3.4/rc">
 <theme><name>Clearlooks</name><titleLayout>ILC</titleLayout><animateIconify>no</animateIconify></theme>
 </openbox_config>
 )";
 
-constexpr auto kPatience = 20s;
+constexpr auto kStartPatience = 20s;
 
 /// The first thing that a pattern's group finds in what a tool printed.
 QString Cut(const QByteArray &printed, const QString &pattern)
@@ -33,7 +33,7 @@ WindowManager::WindowManager(const Screen &screen, const QString &folder) : m_sc
 {
     const QString configuration = folder + "/rc.xml";
     QFile file(configuration);
-    if (!file.open(QIODevice::WriteOnly) || file.write(kConfiguration) < 0)
+    if (!file.open(QIODevice::WriteOnly) || file.write(kManagerConfiguration) < 0)
         return;
     file.close();
     auto environment = QProcessEnvironment::systemEnvironment();
@@ -41,7 +41,7 @@ WindowManager::WindowManager(const Screen &screen, const QString &folder) : m_sc
     environment.insert("HOME", folder);
     m_manager = std::make_unique<ChildProgram>(
         u"openbox"_s, QStringList{"--config-file", configuration}, environment);
-    m_isThere = WaitUntil([this] { return IsAnnounced(); }, kPatience) && IsAwake();
+    m_isThere = WaitUntil([this] { return IsAnnounced(); }, kStartPatience) && IsAwake();
 }
 
 bool WindowManager::IsAnnounced() const
@@ -60,7 +60,7 @@ bool WindowManager::IsAwake() const
         (void)m_screen.Ask(u"xdotool"_s, {"set_num_desktops", "1"});
         return m_screen.Ask(u"xdotool"_s, {"get_num_desktops"}).trimmed() == "1";
     };
-    return WaitUntil(hasOneDesktop, kPatience);
+    return WaitUntil(hasOneDesktop, kStartPatience);
 }
 
 QStringList WindowManager::RootWindows(const QString &property) const

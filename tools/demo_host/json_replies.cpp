@@ -1,6 +1,7 @@
 #include "demo_host/json_replies.h"
 
-#include <QLocale>
+#include "demo_host/reply_texts.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -18,19 +19,9 @@ constexpr int kIntervalSeconds = 900; ///< The service's values change every qua
 constexpr QStringView kSunrise = u"06:30";
 constexpr QStringView kSunset = u"18:30";
 
-QString Number(double value, int decimals)
-{
-    return QString::number(value, 'f', decimals);
-}
-
 QString Text(const QString &text)
 {
     return u'"' + text + u'"';
-}
-
-QString Date(const QDateTime &time, const QString &picture)
-{
-    return QLocale::c().toString(time, picture);
 }
 
 /// The wind direction as a number; services report calm air as north.

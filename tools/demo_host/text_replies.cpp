@@ -1,6 +1,7 @@
 #include "demo_host/text_replies.h"
 
-#include <QLocale>
+#include "demo_host/reply_texts.h"
+
 
 #include <cmath>
 #include <optional>
@@ -11,16 +12,6 @@ namespace {
 
 constexpr double kInchesPerHpa = 0.02953;
 constexpr int kEasternOffset = -5 * 3600; ///< Seconds; the reports' own clock, all year.
-
-QString Number(double value, int decimals)
-{
-    return QString::number(value, 'f', decimals);
-}
-
-QString Date(const QDateTime &time, const QString &picture)
-{
-    return QLocale::c().toString(time, picture);
-}
 
 /// An offset from UTC as mail headers write it: "-0500".
 QString OffsetText(int minutes)

@@ -1,6 +1,6 @@
 #include "demo_host/zone_product.h"
 
-#include <QLocale>
+#include "demo_host/reply_texts.h"
 
 #include <algorithm>
 
@@ -42,11 +42,6 @@ constexpr std::array<DayPattern, kDays> kPatterns{{
 
 /// A shift in degrees Fahrenheit by the hour of issue.
 constexpr std::array<int, 24 / kIssueHours> kDrift{0, -1, -1, 0, 1, 2, 2, 1};
-
-QString Date(const QDateTime &time, const QString &picture)
-{
-    return QLocale::c().toString(time, picture);
-}
 
 /// "300 PM EST Sat Mar 14 2026".
 QString IssueText(const ForecastState &state, const QDateTime &issued)
