@@ -71,7 +71,7 @@ void CheckPut(PrivateProfile &file, const Settings &settings, CodePage codePage)
 {
     PutSettings(file, settings);
     Settings again = {.HTTPPort = "as before"};
-    Demand(!TakeSettings(again, file), "a profile number that was put is one");
+    Demand(!ApplySettings(again, file), "a profile number that was put is one");
     Demand(again == settings || !Survive(settings, codePage), "what was put comes out again");
 }
 
@@ -90,10 +90,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     const PrivateProfile recovery(input.Rest(), codePage);
 
     Settings stored;
-    TakeSettings(stored, file);
+    ApplySettings(stored, file);
     CheckTaken(file, {}, stored);
     Settings recovered = stored;
-    TakeSettings(recovered, recovery);
+    ApplySettings(recovered, recovery);
     CheckTaken(recovery, stored, recovered);
     if (mode.contains("put"))
         CheckPut(file, recovered, codePage);

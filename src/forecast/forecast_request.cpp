@@ -20,9 +20,9 @@ QString Url(const ForecastAddress &address)
     return url;
 }
 
-/// Takes the reply apart; says on `status` what became of it.
-bool TakeReply(ForecastState &forecast, ForecastProfile &profile, TransferHandle handle,
-               HttpTransfers &http, StatusLine &status)
+/// Cleans and stores the forecast if the reply holds one; says on `status` what came of it.
+bool ApplyReply(ForecastState &forecast, ForecastProfile &profile, TransferHandle handle,
+                HttpTransfers &http, StatusLine &status)
 {
     QString reply;
     if (http.Net_HTTPThreadReturnText(handle, reply) <= 0) {
@@ -72,7 +72,7 @@ bool ReceiveForecast(ForecastState &forecast, ForecastProfile &profile,
 {
     if (ForecastThreadHandle == 0)
         return false;
-    const bool received = TakeReply(forecast, profile, ForecastThreadHandle, http, status);
+    const bool received = ApplyReply(forecast, profile, ForecastThreadHandle, http, status);
     http.Net_HTTPThreadClose(std::exchange(ForecastThreadHandle, 0));
     return received;
 }

@@ -41,8 +41,8 @@ ProgramFiles FindFiles(const CommandLine &command)
     return {.folder = found.folder, .codePage = command.codePage, .SessionId = command.sessionId};
 }
 
-/// False when another copy has the session.
-bool TakeSession(SessionLock &lock, const ProgramFiles &files)
+/// @return false when another copy has the session.
+bool LockSession(SessionLock &lock, const ProgramFiles &files)
 {
     const SessionLock::Outcome outcome = lock.Take();
     if (outcome == SessionLock::Outcome::Taken) // so nobody is at work on these files
@@ -120,7 +120,7 @@ ExitCode Run(const ServiceCommand &command)
         return Check(station);
 
     SessionLock lock(files.Lock());
-    if (!TakeSession(lock, files))
+    if (!LockSession(lock, files))
         return ExitCode::Held;
     // From here on they wait until there is somebody to answer them.
     const UnixSignals unixSignals(UnixSignals::Program::Service);

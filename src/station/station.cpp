@@ -74,11 +74,11 @@ std::optional<QString> Station::LoadSettings()
         return BadProfileText(file, *badCurrentProfile);
     m_recovery.emplace(m_files.Recovery()).Apply(m_settings);
     m_checkInterval = CheckIntervalOf(m_settings);
-    TakeLocations();
+    ApplySettingsToProfiles();
     return std::nullopt;
 }
 
-void Station::TakeLocations()
+void Station::ApplySettingsToProfiles()
 {
     for (std::size_t i = 0; i < m_settings.location.size(); ++i)
         m_profiles.weather[i].location = m_settings.location[i];

@@ -179,7 +179,7 @@ private:
     [[nodiscard]] bool IsLocationBeingEdited() const;
     [[nodiscard]] bool IsForecastLocationThere() const;
 
-    void TakeLocations();
+    void ApplySettingsToProfiles();
     void ReloadProfiles();
     std::optional<QString> ReloadSettings();
     [[nodiscard]] Asked AskedNow() const;

@@ -88,7 +88,7 @@ void Station::ReloadProfiles()
             fresh.weather[i].values = m_profiles.weather[i].values;
     }
     m_profiles = std::move(fresh);
-    TakeLocations();
+    ApplySettingsToProfiles();
 }
 
 std::optional<QString> Station::ReloadSettings()
@@ -107,7 +107,7 @@ std::optional<QString> Station::ReloadSettings()
     m_recovery->Keep(settings);
 
     const Settings before = std::exchange(m_settings, std::move(settings));
-    TakeLocations();
+    ApplySettingsToProfiles();
     for (std::size_t i = 0; i < before.location.size(); ++i) {
         if (m_settings.location[i] != before.location[i])
             m_profiles.weather[i].values = {};

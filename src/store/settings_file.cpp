@@ -30,8 +30,8 @@ std::optional<QString> Find(const PrivateProfile &file, QStringView key)
     return FindIniValue(file, kSettings, key);
 }
 
-/// Reads a text; it stays as it is when the file lacks it.
-void Take(QString &text, const PrivateProfile &file, QStringView section, QStringView key)
+/// Sets `text` to the key's value; leaves it unchanged if the file lacks the key.
+void ApplyText(QString &text, const PrivateProfile &file, QStringView section, QStringView key)
 {
     if (std::optional<QString> found = FindIniValue(file, section, key))
         text = *std::move(found);
@@ -60,22 +60,22 @@ QString BoxText(bool checked)
 
 } // namespace
 
-std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &file)
+std::optional<QString> ApplySettings(Settings &settings, const PrivateProfile &file)
 {
     if (const auto box = Find(file, u"MinimizeOnStartup"))
         settings.MinimizeOnStartupEnabled = *box == kTrue;
     for (std::size_t i = 0; i < settings.location.size(); ++i) {
         for (std::size_t n = 0; n < settings.location[i].size(); ++n)
-            Take(settings.location[i][n], file, ProfileSection(i), LocationKey(n));
+            ApplyText(settings.location[i][n], file, ProfileSection(i), LocationKey(n));
     }
-    Take(settings.ForecastZone, file, kSettings, u"ForecastZone");
-    Take(settings.ForecastState, file, kSettings, u"ForecastState");
+    ApplyText(settings.ForecastZone, file, kSettings, u"ForecastZone");
+    ApplyText(settings.ForecastState, file, kSettings, u"ForecastState");
     // Unlike the flag above, a box is on for every text but this one.
     for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n) {
         if (const auto box = Find(file, ScheduleKey(n)))
             settings.ForecastSched[n] = *box != kFalse;
     }
-    Take(settings.HTTPPort, file, kSettings, u"HTTPPort");
+    ApplyText(settings.HTTPPort, file, kSettings, u"HTTPPort");
     if (const auto minutes = CheckIntervalOf(file))
         settings.CheckInterval = minutes;
 
@@ -93,7 +93,7 @@ LoadedSettings ReadSettings(const PrivateProfile &file)
 {
     LoadedSettings loaded;
     loaded.settings.IsFirstRun = Find(file, u"FirstRun").value_or(kTrue.toString()) == kTrue;
-    loaded.badCurrentProfile = TakeSettings(loaded.settings, file);
+    loaded.badCurrentProfile = ApplySettings(loaded.settings, file);
     return loaded;
 }
 

@@ -46,11 +46,11 @@ struct LoadedSettings
 /// The same from a file's image, and nothing is written.
 [[nodiscard]] LoadedSettings ReadSettings(const PrivateProfile &file);
 
-/// Takes over the settings in a file's image. Those that it lacks are left unchanged, to the last
+/// Applies the settings in a file's image. Those that it lacks are left unchanged, to the last
 /// blank, and so is the current profile if its text is not a number.
 /// @return that text; nothing if there is a number or no such key.
 // A recovery file's text is of no use to anybody, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
-std::optional<QString> TakeSettings(Settings &settings, const PrivateProfile &file);
+std::optional<QString> ApplySettings(Settings &settings, const PrivateProfile &file);
 
 /// Puts all settings except FirstRun into a file's image; a CheckInterval only if there is one.
 void PutSettings(PrivateProfile &file, const Settings &settings);

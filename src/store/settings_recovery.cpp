@@ -13,7 +13,7 @@ void SettingsRecovery::Apply(Settings &settings)
 {
     if (!QFileInfo(m_path.path).isFile())
         return;
-    TakeSettings(settings, IniFile(m_path).Profile());
+    ApplySettings(settings, IniFile(m_path).Profile());
     Trace(u"Settings recovered from ", m_path.path);
 }
 

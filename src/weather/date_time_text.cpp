@@ -72,15 +72,15 @@ private:
         return token != nullptr && token->kind == Token::Kind::Number;
     }
 
-    /// Takes ":" or "." and the number behind it; -1 when there is none.
-    int TakeTimePart(bool pointToo);
+    /// Reads ":" or, if `pointToo`, "." and the number after it; -1 without them.
+    int ReadTimePart(bool pointToo);
     std::optional<int> HourInHalfDay(int hour);
 
     const DateTimeTokens &m_tokens;
     std::size_t m_at = 0;
 };
 
-int Reader::TakeTimePart(bool pointToo)
+int Reader::ReadTimePart(bool pointToo)
 {
     const Token *separator = Peek(0);
     if (separator == nullptr || !(separator->Is(u':') || (pointToo && separator->Is(u'.'))))
@@ -110,8 +110,8 @@ std::optional<int> Reader::ReadTime()
     const Token &first = m_tokens[m_at++];
     if (first.text.size() > 2)
         return std::nullopt;
-    const int minute = std::max(TakeTimePart(true), 0);
-    const int second = std::max(TakeTimePart(false), 0);
+    const int minute = std::max(ReadTimePart(true), 0);
+    const int second = std::max(ReadTimePart(false), 0);
     const std::optional<int> hour = HourInHalfDay(first.number);
     if (!hour || *hour > 23 || first.number > 23 || minute > 59 || second > 59)
         return std::nullopt;

@@ -57,7 +57,7 @@ public:
         ReadConditions();
         ReadWind();
         ReadPlainQuantities();
-        TakeExtremes(minMax);
+        ApplyExtremes(minMax);
         Store(Quantity::Precip);
         ReadWindChill();
         ReadFromHumidity(Quantity::HeatIndex);
@@ -89,7 +89,7 @@ private:
     void ReadConditions();
     void ReadWind();
     void ReadPlainQuantities();
-    void TakeExtremes(const MinMaxTemps &minMax);
+    void ApplyExtremes(const MinMaxTemps &minMax);
     void ReadWindChill();
     void ReadFromHumidity(Quantity quantity);
     void Compute(Quantity quantity, QStringView other);
@@ -154,7 +154,7 @@ void WeatherParser::ReadPlainQuantities()
         Store(quantity);
 }
 
-void WeatherParser::TakeExtremes(const MinMaxTemps &minMax)
+void WeatherParser::ApplyExtremes(const MinMaxTemps &minMax)
 {
     // Always from the store, whatever tags the profile has for them. The store's neutral values,
     // 1000 and -1000, pass these tests, which look the wrong way round for them: the display turns
