@@ -28,7 +28,7 @@ StationView *ViewOf(StationView *view)
     return view == nullptr ? &nobody : view;
 }
 
-QString BadProfileText(const IniPath &file, const QString &value)
+QString CannotStartWithProfileText(const IniPath &file, const QString &value)
 {
     return u"%1: in section Settings, CurrentProfile is \"%2\", which is no number. The program "
            "cannot start with it; correct or delete that line."_s.arg(file.path, value);
@@ -71,7 +71,7 @@ std::optional<QString> Station::LoadSettings()
         m_owner == Owner::Window ? ::LoadSettings(file) : ReadSettings(IniFile(file).Profile());
     m_settings = settings;
     if (badCurrentProfile)
-        return BadProfileText(file, *badCurrentProfile);
+        return CannotStartWithProfileText(file, *badCurrentProfile);
     m_recovery.emplace(m_files.Recovery()).Apply(m_settings);
     m_checkInterval = CheckIntervalOf(m_settings);
     ApplySettingsToProfiles();

@@ -189,7 +189,7 @@ private:
     [[nodiscard]] std::optional<QString> ParseWeatherData(const QString &reply);
     void Store(Product product, IniPatch patch, const QString &failure);
     void PollFiles();
-    void TellNotStarted(const ProductEnd &end);
+    void TellNotStarted(Product product, const QString &port);
     void CountDownToWeather();
     void ReloadWeatherCountdown();
     void PollForecast();

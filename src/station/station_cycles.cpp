@@ -81,18 +81,19 @@ void Station::StartWeatherRequest()
     if (m_weather.Request(m_profiles, port, *m_view))
         m_view->SetStatus(u"Requesting Weather..."_s);
     else
-        TellNotStarted({Product::Weather, "Unable to open HTTP handle on port "_L1 + port
-                                              + " for weather request"_L1});
+        TellNotStarted(Product::Weather, port);
 }
 
-void Station::TellNotStarted(const ProductEnd &end)
+void Station::TellNotStarted(Product product, const QString &port)
 {
-    m_view->SetStatus(end.failure);
-    const TransferHandle handle = end.product == Product::Weather
-                                    ? m_weather.WeatherThreadHandle()
-                                    : m_forecast.ForecastThreadHandle();
-    if (handle == 0) // else a transfer is about to end
-        m_view->Ended(end);
+    const bool isWeather = product == Product::Weather;
+    const QString failure = "Unable to open HTTP handle on port "_L1 + port
+                          + (isWeather ? " for weather request"_L1 : " for forecast request"_L1);
+    m_view->SetStatus(failure);
+    const TransferHandle handle =
+        isWeather ? m_weather.WeatherThreadHandle() : m_forecast.ForecastThreadHandle();
+    if (handle == 0) // else a transfer is about to end, and reports it
+        m_view->Ended({product, failure});
 }
 
 void Station::PollWeather()
@@ -201,8 +202,7 @@ void Station::StartForecastRequest()
     if (m_forecast.Request(address, *m_view))
         m_view->SetStatus(u"Requesting Forecast..."_s);
     else
-        TellNotStarted({Product::Forecast, "Unable to open HTTP handle on port "_L1 + port
-                                               + " for forecast request"_L1});
+        TellNotStarted(Product::Forecast, port);
 }
 
 bool Station::IsForecastLocationThere() const

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QString BadProfileText(const IniPath &file, const QString &value)
+QString ProfileStaysText(const IniPath &file, const QString &value)
 {
     return u"%1: in section Settings, CurrentProfile is \"%2\", which is no number. The profile "
            "stays as it was; correct or delete that line."_s.arg(file.path, value);
@@ -116,5 +116,5 @@ std::optional<QString> Station::ReloadSettings()
         m_checkInterval = CheckIntervalOf(m_settings);
     if (!badCurrentProfile)
         return std::nullopt;
-    return BadProfileText(m_files.Settings(), *badCurrentProfile);
+    return ProfileStaysText(m_files.Settings(), *badCurrentProfile);
 }
