@@ -9,8 +9,8 @@
 /// wind chill, heat index and dew point have one for each scale.
 [[nodiscard]] bool IsComputed(Quantity quantity, QStringView units);
 
-/// The computed quantity: `units` with its token replaced by the number, to one decimal. Where a
-/// units text holds both tokens, the one for Fahrenheit counts.
+/// The computed quantity: `units` with its token replaced by the number, to one decimal. If `units`
+/// holds both tokens, the one for Fahrenheit counts.
 ///
 /// @param temperature text that begins with a number, in the token's scale.
 /// @param other       likewise: wind speed (mph or km/h) for the wind chill, relative humidity in

@@ -34,7 +34,7 @@ bool IsHalfDay(const Token &token)
     return token.IsWord(u"AM") || token.IsWord(u"PM");
 }
 
-/// Reads the parts of a date-time from a list of tokens, one behind the other.
+/// Reads the parts of a date-time from a list of tokens, one after the other.
 class Reader
 {
 public:
@@ -42,10 +42,10 @@ public:
 
     [[nodiscard]] bool AtEnd() const { return m_at == m_tokens.size(); }
 
-    /// True when a time starts here: a number with ":", "." or AM/PM behind it.
+    /// True when a time comes next: a number followed by ":", "." or AM/PM.
     [[nodiscard]] bool AtTime() const { return IsTimeAt(0); }
 
-    /// True when a comma is here and a time starts behind it.
+    /// True when a comma comes next, and a time right after it.
     [[nodiscard]] bool AtCommaAndTime() const
     {
         return !AtEnd() && Peek(0)->Is(u',') && IsTimeAt(1);
@@ -99,7 +99,7 @@ std::optional<int> Reader::HourInHalfDay(int hour)
         return hour;
     ++m_at;
     if (word->IsWord(u"PM"))
-        return hour < 12 ? hour + 12 : hour; // "21:07 PM" is taken as it is
+        return hour < 12 ? hour + 12 : hour; // "21:07 PM" means 21:07
     if (hour > 12)
         return std::nullopt;
     return hour == 12 ? 0 : hour;
@@ -118,7 +118,7 @@ std::optional<int> Reader::ReadTime()
     return (*hour * 60 + minute) * 60 + second;
 }
 
-/// The year as written with one, two or four digits; 0, which no calendar has, for three.
+/// The year that one, two or four digits mean; 0, which is in no calendar, for three.
 int FullYear(const Token &year)
 {
     if (year.text.size() > 2)
@@ -170,7 +170,7 @@ std::optional<QDate> Reader::ReadDate(int currentYear)
     std::vector<Token> parts;
     bool named = false;
     bool comma = false;
-    bool separated = false; // a separator that the next part must follow
+    bool separated = false; // the last one was a separator, and a part must follow
     while (parts.size() < 3 && !AtEnd() && !AtTime() && !AtCommaAndTime()) {
         const Token &token = m_tokens[m_at];
         if (token.kind == Token::Kind::Separator) {

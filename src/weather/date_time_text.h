@@ -7,7 +7,7 @@
 #include <optional>
 
 /// A date and time without a zone, in seconds since midnight of 30 December 1899. A time without a
-/// date lies in that first day.
+/// date falls on that day.
 struct Moment
 {
     qint64 seconds = 0;
@@ -15,22 +15,20 @@ struct Moment
     [[nodiscard]] bool operator==(const Moment &) const = default;
 };
 
-/// The moment that `text` denotes as US English date-time text: "11/5/2019 9:07 PM",
-/// "2019-11-05 21:07", "Nov 5, 2019, 9:07 PM", "5-Nov-2019", "9:07PM" and their likes; month names
-/// in English whatever the system's language.
+/// Parses US English date-time text such as "11/5/2019 9:07 PM", "2019-11-05 21:07", "5-Nov-2019",
+/// "Nov 5, 2019, 9:07 PM" or "9:07PM". Month names are English whatever the system's language.
 ///
-/// @param currentYear stands in where day and month come without a year.
-/// @return nothing when the text is none, such as ISO texts with a "T", zones or week days.
+/// @param currentYear used if the text has a day and month but no year.
+/// @return nothing for any other text, such as ISO texts with a "T", or with a zone or a weekday.
 [[nodiscard]] std::optional<Moment> ParseDateTime(QStringView text, int currentYear);
 
-/// True when the year of `moment` has four digits (0001..9999), as a text of a moment needs.
+/// True when the year of `moment` is 0001..9999, as DateTimeText() needs it.
 [[nodiscard]] bool IsWritable(Moment moment);
 
-/// `M/d/yyyy h:mm:ss AM/PM` of a moment that IsWritable(), without leading zeros in month, day and
-/// hour, but four digits in the year. The time is left out at midnight, the date for a moment
-/// without one.
+/// `M/d/yyyy h:mm:ss AM/PM` for a moment that IsWritable(): no leading zeros in month, day and
+/// hour, four digits in the year. The time is omitted at midnight, the date if the moment has none.
 [[nodiscard]] QString DateTimeText(Moment moment);
 
-/// The clock's `dateTime` as a moment, cut to whole seconds: no second, and no day, is told before
-/// it has come.
+/// The clock's `dateTime` as a moment, truncated to whole seconds, so that no second and no day
+/// shows before it has begun.
 [[nodiscard]] Moment ToMoment(const QDateTime &dateTime);

@@ -16,7 +16,7 @@ struct DateTimeToken
         Separator
     };
     Kind kind = Kind::Separator;
-    QStringView text = {}; ///< A part of the text that was taken apart.
+    QStringView text = {}; ///< A view of the text that was split.
     int number = 0;
 
     [[nodiscard]] bool Is(QChar separator) const
@@ -31,9 +31,9 @@ struct DateTimeToken
 
 using DateTimeTokens = std::vector<DateTimeToken>;
 
-/// Numbers have at most so many digits; a longer one makes the text no date-time.
+/// Most digits of a number; a text with a longer one is not a date-time.
 inline constexpr qsizetype kMostDigits = 4;
 
-/// Takes `text` apart, which has to outlive the tokens; blanks only part them.
-/// @return nothing when it holds a character that no date-time has, or a number that is too long.
+/// Splits `text`, which must outlive the tokens; blanks only separate them.
+/// @return nothing if it holds a character that no date-time has, or a number that is too long.
 [[nodiscard]] std::optional<DateTimeTokens> TokenizeDateTime(QStringView text);

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringView>
 
-/// Lays `text` over `picture`, position by position, as far as the shorter of the two goes:
-/// "X" takes the text's character, "#" and "0" take it when it is a digit ("0" otherwise), "?"
-/// drops it, any other character of the picture stands in its place.
+/// Formats `text` by `picture`, position by position, up to the end of the shorter one: "X" copies
+/// the text's character, "#" and "0" copy it if it is a digit and write "0" if not, "?" drops it,
+/// and any other character of the picture replaces it.
 [[nodiscard]] QString FormatString(QStringView text, QStringView picture);

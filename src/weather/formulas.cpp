@@ -56,7 +56,7 @@ double GetWindChillF(double temperature, double windSpeed)
             35.74 + 0.6215 * temperature - 35.75 * wind + 0.4275 * temperature * wind;
         if (temperature < chill)
             Trace(u"GetWindChillF - temp was less than getwindchillf");
-        else if (std::isfinite(chill)) // not of a negative wind speed
+        else if (std::isfinite(chill)) // a negative wind speed gives no number
             result = chill;
     }
     Trace(u"GetWindChillF(temp:", temperature, u", windspeed:", windSpeed, u"):", result);

@@ -1,19 +1,20 @@
 #pragma once
 
-/// What the formulas give where they do not apply.
+/// What the formulas return where they do not apply.
 inline constexpr double kNotApplicable = -32000;
 
 /// Heat index in degrees Fahrenheit of `temperature` (degrees Fahrenheit, 80..150) and `humidity`
-/// (relative, percent, 40..100); kNotApplicable outside these ranges and below the temperature.
-/// Source: the regression of the U.S. National Weather Service (Rothfusz, 1990).
+/// (relative, percent, 40..100); kNotApplicable outside these ranges, and if the result is below
+/// the temperature. Source: the regression of the U.S. National Weather Service (Rothfusz, 1990).
 [[nodiscard]] double GetHeatIndexF(double temperature, double humidity);
 
 /// The same in degrees Celsius.
 [[nodiscard]] double GetHeatIndexC(double temperature, double humidity);
 
 /// Wind chill in degrees Fahrenheit of `temperature` (degrees Fahrenheit, at most 40) and
-/// `windSpeed` (miles per hour, no lower limit); kNotApplicable where it exceeds the temperature.
-/// Source: the wind chill temperature index of 2001 (NWS and Environment Canada).
+/// `windSpeed` (miles per hour, from 0 on); kNotApplicable outside these ranges, and if the result
+/// is above the temperature. Source: the wind chill temperature index of 2001 (NWS and Environment
+/// Canada).
 [[nodiscard]] double GetWindChillF(double temperature, double windSpeed);
 
 /// The same in degrees Celsius (at most 5) and kilometres per hour.

@@ -7,9 +7,8 @@
 
 QString WorkingText(const QString &reply)
 {
-    // Most characters stay, so that those without a control character near them are copied
-    // together.
-    constexpr qsizetype kBlock = 8; // so many characters are one vector
+    // Most characters stay, so blocks without a control character are copied whole.
+    constexpr qsizetype kBlock = 8; // characters in one vector
     const auto stays = [](QChar c) { return c != u'\r' && c != u'\n' && c != u'\t'; };
     QString text(reply.size(), Qt::Uninitialized);
     QChar *to = text.data();
@@ -38,7 +37,7 @@ MainNode CutToMainNode(QString &text, const WeatherProfile &profile)
         return MainNode::NoClosing;
 
     const qsizetype length = close - open - profile.mainNodeOpen.size();
-    // A closing tag that begins inside the opening one: the cut cannot be made.
+    // If the closing tag begins inside the opening one, the cut is impossible.
     if (length >= 0)
         text = text.sliced(open + profile.mainNodeOpen.size() - 1, length);
     return MainNode::Found;

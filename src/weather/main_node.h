@@ -10,12 +10,12 @@
 /// How the search for a profile's main node ended.
 enum class MainNode
 {
-    Found,     ///< The text is cut to it, or the profile has none and the text is whole.
+    Found,     ///< The text has been cut to it; a profile without one leaves it whole.
     NoOpening, ///< The opening tag is not in the text.
-    NoClosing, ///< The closing tag is not behind it.
+    NoClosing, ///< There is no closing tag after it.
 };
 
-/// Cuts `text` down to the profile's main node. The cut begins with the last character of the
-/// opening tag and loses the last one ahead of the closing tag. Without both tags found, or without
-/// both in the profile, the text stays as it is.
+/// Cuts `text` to the profile's main node. The cut begins with the last character of the opening
+/// tag and lacks the last one before the closing tag. The text stays unchanged unless the profile
+/// has both tags and both are found.
 [[nodiscard]] MainNode CutToMainNode(QString &text, const WeatherProfile &profile);

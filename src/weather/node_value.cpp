@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Turns a closing tag that stands for a line end into that line end. Only whole tags do.
+/// Replaces a closing tag that stands for a line end by that line end. Only the whole tag counts.
 void ResolveLineEnd(QString &closeTag)
 {
     if (closeTag.isEmpty() || closeTag == "%CRLF%"_L1)
@@ -27,9 +27,8 @@ void ResolveLineEnd(QString &closeTag)
         closeTag = u"\n"_s;
 }
 
-/// Everything behind the opening tag. Its position is not checked: not found counts as position 0
-/// on paper, which leaves the data less the tag's length but one. When the tag is longer than that,
-/// the cut cannot be made and nothing is there.
+/// Everything after the opening tag. The position is not checked: a missing tag counts as one that
+/// begins just before the data. If the tag is longer than what is there, nothing is left.
 QStringView AfterOpening(QStringView data, QStringView openTag)
 {
     const qsizetype open = IndexOf(data, openTag);
@@ -61,12 +60,12 @@ QStringView AfterPrefix(QStringView text, QStringView prefix)
     return rest;
 }
 
-/// Drops everything up to the last suffix's first character, and the one behind that. A suffix at
-/// the very end leaves nothing to drop: the cut cannot be made.
+/// Drops everything up to the first character of the last suffix, and one more. If there is no such
+/// further character, the cut is impossible and the text stays.
 QStringView AfterSuffix(QStringView text, QStringView suffix)
 {
-    // Backwards from the last character on: without being told so, Qt 6.4 begins one place behind
-    // the end of the view, on the first character of the closing tag.
+    // -1 is the last character. By default Qt 6.4 starts one place past the end of the view, on the
+    // first character of the closing tag.
     const qsizetype last = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix, -1);
     if (last < 0)
         return text;
@@ -75,7 +74,7 @@ QStringView AfterSuffix(QStringView text, QStringView suffix)
     return rest;
 }
 
-/// `left` `operation` `right` as text; nothing when one of them or the result is beyond a double.
+/// `left` `operation` `right` as text; nothing if one of them or the result is beyond a double.
 std::optional<QString> Calculated(QStringView left, QChar operation, QStringView right)
 {
     const std::optional<double> a = LeadingNumber(left);
@@ -109,7 +108,7 @@ std::optional<QString> InLocalTime(QStringView value, const QDateTime *now)
     return DateTimeText(local);
 }
 
-/// One item of a factor. An unknown operation, and one that cannot be done, changes nothing.
+/// Applies one item of a factor. An unknown or impossible operation changes nothing.
 QString ApplyOperation(const QString &value, QStringView item, const QDateTime *now)
 {
     const QChar operation = item.front();
@@ -135,7 +134,7 @@ QString ApplyFactor(QString value, const NodeQuery &query)
     return value;
 }
 
-/// The text between the tags, cut at the suffix; or all of `text` when the closing tag is missing.
+/// The text between the tags, cut at the suffix; all of `text` if the closing tag is missing.
 struct Extract
 {
     QStringView text = {};
@@ -178,7 +177,7 @@ QString GetNodeValueWithoutTabs(QStringView data, const NodeQuery &query)
     Trace(u"Looking for O:", query.openTag, u" P:", query.prefix, u" C:", query.closeTag, u" in ",
           data);
 
-    // Views onto `data`: nothing is copied up to the one toString() below.
+    // Views of `data`: nothing is copied before the one toString() below.
     const QStringView behindTag = AfterPrefix(AfterOpening(data, query.openTag), query.prefix);
     const Extract extract = UpToClosing(behindTag, query);
 

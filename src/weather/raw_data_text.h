@@ -3,5 +3,5 @@
 #include <QString>
 #include <QStringView>
 
-/// The reply as the raw-data box shows it: CR LF line ends, five spaces for a tab.
+/// The reply as the raw-data box shows it: line ends are CR LF, tabs are five spaces.
 [[nodiscard]] QString RawDataText(QStringView reply);

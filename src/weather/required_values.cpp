@@ -22,7 +22,7 @@ bool IsThere(WeatherProfile &profile, QStringView stem, QStringView working)
 {
     const auto found = std::ranges::find(kQuantities, stem, &QuantityRow::stem);
     if (found == kQuantities.end())
-        return false; // a stem that no quantity has can never be satisfied
+        return false; // no reply satisfies an unknown stem
     const Quantity quantity = found->quantity;
     QuantityTags &tags = profile[quantity];
     const NodePlace place =

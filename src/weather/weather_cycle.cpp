@@ -10,7 +10,7 @@ bool WeatherCycle::Request(ProfileTable &profiles, const QString &port, StatusLi
     const WeatherProfile *profile = profiles.Selected();
     const TransferHandle before = m_handle;
     const bool started = RequestCurrentWeather(profile, port, m_handle, m_http, status);
-    // Not when nothing could be opened, nor without an address, which leaves all as it is.
+    // Only if a new transfer was opened: without an address the present one goes on.
     if (m_handle != before && m_handle != 0)
         m_asked = Asked{.profile = profiles.currentWeatherProfile, .location = profile->location};
     return started;

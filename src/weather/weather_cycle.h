@@ -8,13 +8,13 @@
 #include <array>
 #include <optional>
 
-/// What a look at the transfer of the current weather has found.
+/// What polling the transfer of the current weather has found.
 struct WeatherPoll
 {
     enum class State
     {
-        Idle,    ///< Nothing was asked for.
-        Waiting, ///< The transfer runs.
+        Idle,    ///< No transfer is open.
+        Waiting, ///< The transfer is running.
         Ended,   ///< There is a reply, and the transfer is closed.
     };
 
@@ -23,24 +23,24 @@ struct WeatherPoll
     qint16 profile = -1; ///< Which profile the reply belongs to.
 };
 
-/// The way of the current weather from one request to the next: its countdown, its transfer, and
-/// what was asked for. What becomes of a reply is its owner's business.
+/// Runs the requests for the current weather: the countdown to the next one, the transfer, and what
+/// was asked for. What to do with a reply is up to the owner.
 class WeatherCycle
 {
 public:
-    /// @param http outlives the cycle.
+    /// @param http must outlive the cycle.
     explicit WeatherCycle(HttpTransfers &http) : m_http(http) {}
     Q_DISABLE_COPY_MOVE(WeatherCycle)
     ~WeatherCycle() = default;
 
-    /// Asks for the weather of the selected profile; a transfer that still runs is given up.
-    /// @return false when no transfer was started. Without an address in the profile nothing at all
-    ///         has changed then.
+    /// Requests the weather of the selected profile, giving up a transfer that is still running.
+    /// @return false if no transfer was started. If the profile has no address, nothing has
+    ///         changed.
     [[nodiscard]] bool Request(ProfileTable &profiles, const QString &port, StatusLine &status);
 
     [[nodiscard]] WeatherPoll Poll();
 
-    void GiveUp(); ///< What was asked for is not wanted any more.
+    void GiveUp(); ///< Closes the transfer, if any: its reply is no longer wanted.
 
     [[nodiscard]] TransferHandle WeatherThreadHandle() const { return m_handle; } ///< 0: none runs.
 
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] qint16 SecondsToWeatherCheck() const { return m_seconds; }
     void SetSecondsToWeatherCheck(qint16 seconds) { m_seconds = seconds; }
 
-    /// Whether the last request was for this profile and for these locations.
+    /// Whether the last request was for this profile and these locations.
     [[nodiscard]] bool HasAskedFor(qint16 profile, const std::array<QString, 4> &location) const
     {
         return m_asked && m_asked->profile == profile && m_asked->location == location;

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView kSection = u"Weather";
-constexpr double kExtremeBound = 200; // a temperature from here on is one of the neutral values
+constexpr double kExtremeBound = 200; // from here on it is a neutral value
 
 QString DisplayedExtreme(const QString &value)
 {
@@ -29,7 +29,7 @@ constexpr std::array kOutputOrder{Quantity::Location,   Quantity::Temperature, Q
                                   Quantity::MinTemp,    Quantity::MaxTemp};
 
 static_assert(NamesEachOnce(kOutputOrder, [](const QuantityRow &row) {
-    return !row.outputKey.isEmpty() && row.quantity != Quantity::Time; // which comes first
+    return !row.outputKey.isEmpty() && row.quantity != Quantity::Time; // the time comes first
 }));
 
 } // namespace

@@ -19,7 +19,7 @@ namespace {
 
 constexpr QStringView kOneDecimal = u"0.0";
 
-// What marks the units of a profile that keeps the day's extremes.
+// Mark the units of a profile that keeps the day's extremes.
 constexpr auto kMinToken = "%MIN%"_L1;
 constexpr auto kMaxToken = "%MAX%"_L1;
 
@@ -28,7 +28,7 @@ bool IsMissing(QStringView value)
     return value.isEmpty() || value == kNotAvailable;
 }
 
-/// The previous day's extreme with its units; `neutral` says that there is none to show.
+/// The previous day's extreme with its units; `neutral`: there is none to show.
 QString ExtremeValue(double extreme, bool neutral, QString units, QLatin1StringView token)
 {
     if (neutral)
@@ -50,7 +50,7 @@ public:
     void ReadTimeAndPlace();
     void ReadTemperature();
 
-    /// Reads what comes after the temperature; the order matters where one value is computed from
+    /// Reads everything after the temperature; the order matters where one value is computed from
     /// others.
     void ReadRest(const MinMaxTemps &minMax)
     {
@@ -133,7 +133,7 @@ void WeatherParser::ReadWind()
     if (!m_profile.concatinateWindSpeedDir)
         return;
 
-    // A direction is no number, so its factor is not used.
+    // A direction is not a number, so its factor is not used.
     QuantityTags &tags = m_profile[Quantity::WindDir];
     const QString direction = ReadAs(tags, tags.Units, u"0");
     if (wind == kNotAvailable || direction == kNotAvailable) {
@@ -157,15 +157,15 @@ void WeatherParser::ReadPlainQuantities()
 void WeatherParser::ApplyExtremes(const MinMaxTemps &minMax)
 {
     // Always from the store, whatever tags the profile has for them. The store's neutral values,
-    // 1000 and -1000, pass these tests, which look the wrong way round for them: the display turns
-    // the neutral values into "N/A".
+    // 1000 for the minimum and -1000 for the maximum, pass these tests; DisplayedValues() turns
+    // them into "N/A".
     m_values[Quantity::MinTemp] = ExtremeValue(minMax.PrevMinTemp, minMax.PrevMinTemp <= -1000,
                                                m_profile[Quantity::MinTemp].Units, kMinToken);
     m_values[Quantity::MaxTemp] = ExtremeValue(minMax.PrevMaxTemp, minMax.PrevMaxTemp >= 1000,
                                                m_profile[Quantity::MaxTemp].Units, kMaxToken);
 }
 
-/// The text from the first digit or point on; empty when there is none.
+/// The text from the first digit or point on; empty if there is none.
 QStringView FromFirstDigit(QStringView text)
 {
     const auto first = std::ranges::find_if(text, [](QChar c) { return IsDigit(c) || c == u'.'; });
@@ -200,7 +200,7 @@ void WeatherParser::Compute(Quantity quantity, QStringView other)
                            : ComputedValue(quantity, m_profile[quantity].Units, temperature, other);
 }
 
-/// What is said of a reply that lacks one end of the main node.
+/// Traces and returns the status for a reply that lacks one tag of the main node.
 QString MissingNodeText(QStringView which, const QDateTime &now)
 {
     QString text = "Could not find "_L1 + which.toString() + " node tag in received data"_L1;
@@ -208,8 +208,8 @@ QString MissingNodeText(QStringView which, const QDateTime &now)
     return text;
 }
 
-/// Why a reply is refused, in words for the status line; nothing when it is taken. Cuts `working`
-/// to the profile's main node.
+/// Why a reply is refused, in words for the status line; nothing if it is not. Cuts `working` to
+/// the profile's main node.
 std::optional<QString> Refusal(WeatherProfile &profile, QString &working, const QDateTime &now)
 {
     switch (CutToMainNode(working, profile)) {

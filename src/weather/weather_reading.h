@@ -9,10 +9,10 @@
 
 #include <optional>
 
-/// A reply on its way to values.
+/// A reply that is being read.
 ///
-/// It is read in two steps, because the temperature of the first one goes into the min/max store
-/// before the second one shows the store's extremes.
+/// Reading takes two steps, because the temperature must be in the min/max store before the second
+/// step shows the store's extremes.
 struct WeatherReading
 {
     bool taken = false;        ///< False: the reply is refused, and no value may change.
@@ -20,24 +20,23 @@ struct WeatherReading
                                ///< refused.
     std::optional<double> temperature = {}; ///< A reading for the min/max store, in the profile's
                                             ///< unit; nothing when the profile keeps no extremes.
-    QString working = {};                   ///< The reply, cut to what the values are in.
+    QString working = {};                   ///< The reply, cut to the main node.
     WeatherValues values = {};              ///< So far time, location and temperature.
 };
 
 /// Reads a service's reply up to the temperature.
 ///
-/// A reply is refused when the profile's main node, or a value that the profile requires, is not in
-/// it.
+/// A reply that lacks the profile's main node, or a value that the profile requires, is refused.
 ///
-/// @param profile null when no profile is selected; then every reply is refused. Its closing tags
-///                are resolved in place, as GetNodeValue() does it; nothing else of it changes.
+/// @param profile null if no profile is selected; then every reply is refused. Only its closing
+///                tags change: they are resolved in place, as by GetNodeValue().
 /// @param now     local date and time, used where the reply has no observation time and in traces.
 [[nodiscard]] WeatherReading BeginReading(WeatherProfile *profile, const QString &reply,
                                           const QDateTime &now);
 
-/// Reads the rest of a reply that was taken.
+/// Reads the rest of a reply that was not refused.
 ///
-/// @param profile the one that the reading began with.
+/// @param profile the one that BeginReading() was called with.
 /// @param minMax  the store, with the reading's temperature in it.
 /// @return all sixteen values.
 [[nodiscard]] WeatherValues FinishReading(WeatherReading reading, WeatherProfile &profile,

@@ -8,8 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The tokens are filled one after the other: a later one inside a location is filled too. Only the
-// first location is encoded; the others go in as they are.
+// The tokens are filled in one by one, so a location may contain a later token, which is then
+// filled in, too. Only the first location is encoded; the others go in as they are.
 QString RequestAddress(const WeatherProfile &profile, const QString &port)
 {
     QString address = profile.baseURL;
@@ -34,7 +34,7 @@ bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
     if (WeatherThreadHandle == 0) {
         const QString where = " on port "_L1 + port + " for current weather"_L1;
         Trace(u"Unable to open HTTP handle", where);
-        status.SetStatus("Unable to open request"_L1 + where); // users do not know handles
+        status.SetStatus("Unable to open request"_L1 + where); // users know no handles
         return false;
     }
 

@@ -6,15 +6,15 @@
 
 #include <QString>
 
-/// The address that `profile` asks: its template with "%PORT%" and "%LOC1%".."%LOC4%" filled.
+/// The address to request: the profile's template with "%PORT%" and "%LOC1%".."%LOC4%" filled in.
 [[nodiscard]] QString RequestAddress(const WeatherProfile &profile, const QString &port);
 
-/// Starts the transfer of the current weather of `profile` in the background; a transfer that still
-/// runs is given up. Reports on `status` what it does.
+/// Starts the transfer of the current weather of `profile` in the background, giving up one that is
+/// still running. Reports on `status` what it does.
 ///
-/// @param WeatherThreadHandle the transfer so far, 0 for none; becomes the new one.
-/// @return true when the transfer was started. False without any further change or message when
-///         the profile (null: none is selected) has no address.
+/// @param WeatherThreadHandle the present transfer, 0 for none; replaced by the new one.
+/// @return true if the transfer was started. False, without any change or message, if the profile
+///         has no address or is null (none is selected).
 [[nodiscard]] bool RequestCurrentWeather(const WeatherProfile *profile, const QString &port,
                                          TransferHandle &WeatherThreadHandle, HttpTransfers &http,
                                          StatusLine &status);
