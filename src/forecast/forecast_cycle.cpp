@@ -17,7 +17,7 @@ ForecastPoll ForecastCycle::Poll(ForecastProfile &profile, StatusLine &status)
     if (poll == ForecastPoll::Waiting)
         return poll;
     m_repeats = poll == ForecastPoll::RequestAgain;
-    // A zone that was just chosen comes sooner.
+    // A zone just chosen is requested sooner.
     if (m_repeats && m_countdown == 0)
         m_countdown = kForecastRetryMilliseconds;
     return poll;

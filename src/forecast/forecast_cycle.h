@@ -5,42 +5,41 @@
 
 #include <array>
 
-/// The way of the forecast from one request to the next: its countdown, its schedule, its transfer,
-/// and which zone was asked for.
+/// Runs the requests for the forecast: the countdown to the next one, the schedule, the transfer,
+/// and the zone that was asked for.
 class ForecastCycle
 {
 public:
-    /// @param http outlives the cycle.
+    /// @param http must outlive the cycle.
     explicit ForecastCycle(HttpTransfers &http) : m_http(http) {}
     Q_DISABLE_COPY_MOVE(ForecastCycle)
     ~ForecastCycle() = default;
 
-    /// Asks for a forecast; a transfer that still runs is given up, and so is a request that is
-    /// counted down to. When no transfer can be opened while requests are repeated, because the
-    /// port is just being typed for example, they go on.
-    /// @return false when no transfer was started.
+    /// Requests a forecast, giving up a transfer that is still running and a pending countdown. If
+    /// no transfer can be opened while requests are being repeated, because the port is just being
+    /// typed for example, the repeats go on.
+    /// @return false if no transfer was started.
     [[nodiscard]] bool Request(const ForecastAddress &address, StatusLine &status);
 
-    /// Looks whether the transfer has ended, and takes its forecast into `profile`. After a failure
-    /// before the first forecast of the run the next request is counted down to, in half a minute
-    /// or as soon as was already intended.
+    /// Checks whether the transfer has ended, and stores its forecast in `profile`. After a failure
+    /// before the first forecast of the run, counts down half a minute to the next request, unless
+    /// a countdown is already running.
     [[nodiscard]] ForecastPoll Poll(ForecastProfile &profile, StatusLine &status);
 
     [[nodiscard]] TransferHandle ForecastThreadHandle() const { return m_handle; } ///< 0: none.
 
-    /// Milliseconds to a request that is counted down to; 0: none.
+    /// Milliseconds to the pending request; 0: none is pending.
     [[nodiscard]] qint16 ForecastRequestCountdown() const { return m_countdown; }
     void SetForecastRequestCountdown(qint16 milliseconds) { m_countdown = milliseconds; }
 
     /// Takes `milliseconds` off the countdown.
-    /// @return true when it has ended with that: the request is due.
+    /// @return true if that ended it: the request is due.
     [[nodiscard]] bool CountDown(int milliseconds);
 
-    /// Whether the schedule wants a request, and the words for the wait; see there. The countdown
-    /// of `input` is filled in here.
+    /// CheckForecastSchedule() with the countdown and the answered slots of this cycle.
     [[nodiscard]] ScheduleOutcome CheckSchedule(ScheduleInput input);
 
-    /// Why the last transfer brought no forecast, in words; empty when it did.
+    /// Why the last transfer brought no forecast, in words; empty if it did.
     [[nodiscard]] const QString &Failure() const { return m_forecast.failure; }
 
     /// The zone of the last request; empty before the first.
@@ -52,5 +51,5 @@ private:
     TransferHandle m_handle = 0;
     qint16 m_countdown = 0;
     bool m_repeats = false; ///< A request has failed, and there is no forecast of this run yet.
-    std::array<bool, 4> m_scheduleFired = {}; ///< Which of the slots have been answered.
+    std::array<bool, 4> m_scheduleFired = {}; ///< Which slots have been answered.
 };

@@ -2,8 +2,8 @@
 
 #include <QStringView>
 
-/// True when the codes cannot be right: a state code that has not two characters beside a zone code
-/// of six. All other combinations are left to the schedule and the request.
+/// True when the codes cannot be right: a zone code of six characters with a state code that does
+/// not have two. Schedule and request judge all other combinations.
 [[nodiscard]] bool IsForecastLocationInvalid(QStringView stateCode, QStringView zoneCode);
 
 /// True when both codes hold more than spaces.

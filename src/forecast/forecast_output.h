@@ -4,5 +4,5 @@
 #include "store/file_writer.h"
 
 /// The profile's forecast and its credit lines, for the forecast output file.
-/// @param year takes the place of %YEAR% in the credit line.
+/// @param year replaces %YEAR% in the credit line.
 [[nodiscard]] IniPatch ForecastPatch(const IniPath &file, const ForecastProfile &profile, int year);

@@ -28,7 +28,7 @@ std::optional<std::size_t> SlotAt(int now)
     return std::nullopt;
 }
 
-/// Whether a slot has come that has not been answered yet. Marks it as answered, whatever becomes
+/// Whether a slot has come that has not been answered yet; marks it as answered, whatever becomes
 /// of the request.
 bool Fires(std::array<bool, 4> &fired, int now)
 {
@@ -40,8 +40,8 @@ bool Fires(std::array<bool, 4> &fired, int now)
     return !std::exchange(fired[*slot], true);
 }
 
-/// Seconds from `now` to the next checked slot, 1..86400; nothing when none is checked. A slot that
-/// starts right now has passed.
+/// Seconds from `now` to the next checked slot, 1..86400; nothing if none is checked. A slot that
+/// starts right now is past.
 std::optional<int> SecondsToNextSlot(const std::array<bool, 4> &checked, int now)
 {
     std::optional<int> shortest;
@@ -64,14 +64,14 @@ QString NextUpdateIn(int seconds)
 
 ScheduleOutcome CheckForecastSchedule(std::array<bool, 4> &fired, const ScheduleInput &input)
 {
-    // One proper length is enough.
+    // One code of the right length is enough.
     if (input.zoneCode.size() != kZoneCodeLength && input.stateCode.size() != kStateCodeLength)
         return {.text = u"Invalid Zone Code/State"_s};
     if (input.countdown > 0)
         return {.text = NextUpdateIn(input.countdown / kMillisecondsPerSecond)};
 
-    // The check boxes are not looked at here: a slot fires whether its box is checked or not. And
-    // one that comes while the location is missing is lost.
+    // The check boxes do not matter here: a slot fires whether its box is checked or not. One that
+    // comes while the location is missing is lost.
     const bool startRequest =
         Fires(fired, input.now) && IsForecastLocationGiven(input.stateCode, input.zoneCode);
     const std::optional<int> wait = SecondsToNextSlot(input.slotChecked, input.now);

@@ -20,7 +20,7 @@ inline constexpr std::array<ForecastSlot, 4> kForecastSlots{{
     {u"6:00 PM", 64800},
 }};
 
-/// What the schedule looks at: the window's fields and the clock, read once per call.
+/// What the schedule depends on: the settings and the clock, read once per call.
 struct ScheduleInput
 {
     int now = 0; ///< Seconds after local midnight, 0..86399.
@@ -30,17 +30,17 @@ struct ScheduleInput
     qint16 countdown = 0;                 ///< Milliseconds to a pending request; 0: none.
 };
 
-/// What the window has to do about it.
+/// What follows from it.
 struct ScheduleOutcome
 {
     QString text = {};         ///< For `lblNextForecastCheck`.
     bool startRequest = false; ///< A slot has come, and its forecast can be asked for.
 };
 
-/// Decides whether a forecast is due and words the wait for the next one. To be called each second;
-/// whatever the local clock says then decides, so a clock that jumps does no harm.
+/// Decides whether a forecast is due, and words the wait for the next one. Call it every second;
+/// only the local time of the moment counts, so a clock that jumps does no harm.
 ///
-/// @param fired which slots have been answered since the clock came into one, ten seconds long from
-///              its start; cleared by the first call outside all of them.
+/// @param fired the slots that have been answered since the clock entered one, which lasts ten
+///              seconds from its start; cleared by the first call outside all slots.
 [[nodiscard]] ScheduleOutcome CheckForecastSchedule(std::array<bool, 4> &fired,
                                                     const ScheduleInput &input);

@@ -8,8 +8,8 @@ namespace {
 
 constexpr qsizetype kCountedLength = 6;
 
-/// What follows the zone code. It counts as six characters long whatever its length; where it does
-/// not occur, the position is -1 and five characters go.
+/// What follows the zone code, which counts as six characters long whatever its length. If it does
+/// not occur, the first five characters of the text go.
 QStringView AfterZoneCode(QStringView product, const QString &zoneCode)
 {
     const qsizetype cut = product.indexOf(zoneCode.toUpper()) + kCountedLength;
@@ -18,7 +18,7 @@ QStringView AfterZoneCode(QStringView product, const QString &zoneCode)
 
 QStringView AfterLine(QStringView text)
 {
-    return text.sliced(text.indexOf(u'\n') + 1); // unchanged where no line ends
+    return text.sliced(text.indexOf(u'\n') + 1); // unchanged if no line ends
 }
 
 QStringView Before(QStringView text, qsizetype position)
@@ -26,26 +26,25 @@ QStringView Before(QStringView text, qsizetype position)
     return position < 0 ? text : text.first(position);
 }
 
-/// What the sentences' ends and the lines' ends are made of: all that is replaced, and nothing
-/// else.
+/// The characters that ends of sentences and lines are made of; no others are replaced.
 bool IsReplaced(QChar character)
 {
     return character == u'\n' || character == u'\r' || character == u'.' || character == u' ';
 }
 
-/// The front of `text`, `kPiece` characters or more: no place to be replaced reaches over its end.
+/// The front of `text`, `kPiece` characters or more: it ends where no replacement can reach across.
 QStringView Piece(QStringView text)
 {
-    constexpr qsizetype kPiece = 16'384; // all its stages stay in the processor's cache
+    constexpr qsizetype kPiece = 16'384; // all stages of a piece stay in the processor's cache
     const auto from = text.begin() + std::min(kPiece, text.size());
     return text.first(std::find_if_not(from, text.end(), IsReplaced) - text.begin());
 }
 
-/// The sentences of a piece in paragraphs. A period leads each heading, three part it from what
-/// follows.
+/// A piece with its sentences in paragraphs. A period precedes each heading, three separate it from
+/// what follows.
 QString ParagraphsOf(QStringView body)
 {
-    // Where the text has a carriage return already, it keeps that one as well.
+    // A carriage return that is there already stays, too.
     QString text = ReplaceAll(body, u"\n", u"\r\n");
     text = ReplaceAll(text, u"...", u". ");
     text = ReplaceAll(text, u"\r\n.", u"\r\n\r\n");
@@ -71,6 +70,6 @@ QString CleanForecast(QStringView product, const QString &zoneCode)
     const QString text = Paragraphs(AfterLine(AfterZoneCode(product, zoneCode)));
     const QStringView forecast = Before(text, text.indexOf(u"$$"));
     const qsizetype tables = forecast.indexOf(u"&&");
-    // At the very front the mark does not count: everything would go.
+    // At the very front the mark does not count, or nothing would be left.
     return Before(forecast, tables > 0 ? tables : -1).toString();
 }

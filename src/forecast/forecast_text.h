@@ -3,12 +3,12 @@
 #include <QString>
 #include <QStringView>
 
-/// A zone forecast as it is shown and aired: what stands between the header line of the zone and
-/// the end of the product, one paragraph per period, in lines that end in CR LF.
+/// A zone forecast as it is shown and aired: what is between the zone's header line and the end of
+/// the product, one paragraph per period, in lines that end in CR LF.
 ///
-/// Works in time linear in the text, whatever it holds.
+/// Takes time linear in the length of the text, whatever it holds.
 ///
 /// @param product  the text as received, without outer spaces.
-/// @param zoneCode the zone asked for, in any case. Where it does not occur in capital letters, the
-///                 header line is the one that the sixth character stands in.
+/// @param zoneCode the zone asked for, in any case. If it does not occur in capital letters, the
+///                 line of the sixth character counts as the header line.
 [[nodiscard]] QString CleanForecast(QStringView product, const QString &zoneCode);
