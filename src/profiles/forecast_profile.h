@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The forecast service: who is credited, and the last forecast.
+/// The forecast service: where it is, whom to credit, and the last forecast.
 struct ForecastProfile
 {
     double timeStamp = 0; ///< Days since 30 December 1899; never used.

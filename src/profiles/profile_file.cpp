@@ -25,7 +25,7 @@ constexpr std::array kTextFields{
     TextField{u"windSpeedDirFormat", &WeatherProfile::windSpeedDirFormat},
 };
 
-/// A text that a quantity has and what its key adds to the quantity's stem.
+/// A text of a quantity, and what its key adds to the quantity's stem.
 struct TagField
 {
     QStringView group = {};
@@ -100,7 +100,7 @@ std::optional<QString> LoadForecastProfile(ForecastProfile &forecast, const Priv
         return ReadIniValue(file, u"ForecastProfile0", key, fallback);
     };
 
-    // Where to ask is read even if a blank title leaves the rest alone.
+    // The host is read even if a blank title leaves the rest unchanged.
     forecast.host = read(u"host", u"https://tgftp.nws.noaa.gov");
     forecast.title = read(u"title", u"NOAA 7-Day Forecast for USA Locations");
     if (forecast.title.isEmpty())

@@ -7,7 +7,7 @@
 #include <array>
 #include <cstddef>
 
-/// The quantities that a profile locates in a reply, in the order of the record.
+/// The quantities that a profile locates in a reply.
 enum class Quantity
 {
     Temperature,
@@ -29,8 +29,8 @@ enum class Quantity
     Location,
 };
 
-/// Everything the program knows about a quantity by name. The wind direction is read, but has no
-/// value of its own: it becomes part of the wind speed's.
+/// The names and properties of a quantity. The wind direction is read, but has no value of its own:
+/// it becomes part of the wind speed's.
 struct QuantityRow
 {
     Quantity quantity = {};
@@ -122,10 +122,10 @@ constexpr auto Values()
 
 } // namespace quantity_detail
 
-/// The quantities that have a value of their own, in the order of the record.
+/// The quantities that have a value of their own, in the order of the enumeration.
 inline constexpr auto kValues = quantity_detail::Values();
 
-/// Whether `order` names each of the quantities for which `isMeant` holds once, and no other.
+/// Whether `order` names each quantity for which `isMeant` holds exactly once, and no other.
 template <typename Order, typename Predicate>
 [[nodiscard]] constexpr bool NamesEachOnce(const Order &order, Predicate isMeant)
 {
@@ -134,7 +134,7 @@ template <typename Order, typename Predicate>
     });
 }
 
-/// The last read value of each quantity as display-ready text.
+/// The value last read of each quantity, as text ready for display.
 class WeatherValues
 {
 public:

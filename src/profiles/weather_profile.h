@@ -10,7 +10,7 @@
 #include <cstddef>
 #include <utility>
 
-/// Where one quantity stands in a reply and how it is dressed for display.
+/// Where one quantity is in a reply, and how it is displayed.
 struct QuantityTags
 {
     QString Open = {};
@@ -23,11 +23,11 @@ struct QuantityTags
     [[nodiscard]] bool operator==(const QuantityTags &) const = default;
 };
 
-/// One weather information service profile: how to ask a service for the current weather and where
-/// the values stand in its reply.
+/// A weather profile: how to request the current weather from a service, and where the values are
+/// in its reply.
 struct WeatherProfile
 {
-    double timeStamp = 0; ///< Days since 30 December 1899; cleared only.
+    double timeStamp = 0; ///< Days since 30 December 1899; only ever cleared.
     QString baseURL = {}; ///< Address template with %PORT% and %LOC1%..%LOC4%.
     QString description = {};
     QString title = {}; ///< Empty: the slot is not used.
@@ -41,7 +41,7 @@ struct WeatherProfile
     QString mainNodeClose = {};
     WeatherValues values = {};
     std::array<QuantityTags, kQuantityCount> tags = {};
-    QStringList required = {}; ///< Key stems whose values a reply must have; empty: none.
+    QStringList required = {}; ///< Key stems of the values that a reply must have; empty: none.
 
     [[nodiscard]] QuantityTags &operator[](Quantity quantity)
     {
@@ -57,10 +57,10 @@ struct WeatherProfile
 struct ProfileTable
 {
     std::array<WeatherProfile, 10> weather = {};
-    qint16 currentWeatherProfile = 0; ///< 0..9; -1 when no profile is there to choose.
+    qint16 currentWeatherProfile = 0; ///< 0..9; -1 if there is no profile to choose.
     ForecastProfile forecast = {};
 
-    /// The current profile; null when the index names none.
+    /// The current profile; null if the index names none.
     [[nodiscard]] const WeatherProfile *Selected() const
     {
         const auto index = static_cast<std::size_t>(currentWeatherProfile);
