@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The separator stands at the end of a drive's or the system's own root already.
+/// The root folder of a drive or of the system already ends with the separator.
 QString InFolder(const QString &folder, const QString &name)
 {
     const QChar separator = QDir::separator();

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// The names of the files of one session. All lie in the program's folder.
+/// The names of one session's files, all in the program's folder.
 struct ProgramFiles
 {
     QString folder = {}; ///< Without trailing separator.
@@ -12,10 +12,10 @@ struct ProgramFiles
     QString SessionId = {}; ///< "" or one character "2".."9".
 
     [[nodiscard]] IniPath Settings() const;
-    [[nodiscard]] IniPath Recovery() const; ///< Only between a change of a setting and the end.
+    [[nodiscard]] IniPath Recovery() const; ///< Only there from a change of a setting to the end.
     [[nodiscard]] IniPath MinMax() const;
     [[nodiscard]] IniPath Weather() const;
     [[nodiscard]] IniPath Forecast() const;
     [[nodiscard]] IniPath Profiles() const; ///< Shared by all sessions.
-    [[nodiscard]] QString Lock() const;     ///< While a copy of the session runs.
+    [[nodiscard]] QString Lock() const;     ///< Only there while a copy of the session runs.
 };

@@ -2,7 +2,8 @@
 
 #include "station/station_view.h"
 
-/// A view that shows nothing: for nobody, and for those who want to know little.
+/// A view that shows nothing: used when there is none, and a base for views that need only some
+/// calls.
 class SilentView : public StationView
 {
 public:

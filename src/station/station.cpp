@@ -13,18 +13,18 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-// How the station comes up and ends, and what it keeps: settings, profiles, locations.
+// How the station starts and ends, and what it keeps: settings, profiles, locations.
 
 namespace {
 
 constexpr auto kFirstForecastDelay = 5000ms;
 constexpr auto kRecoveryDelay = 1000ms; // several changes are stored together
 
-constexpr auto kTypingPause = 3s; // so long after the last key a location counts as complete
+constexpr auto kTypingPause = 3s; // this long after the last key a location counts as complete
 
 StationView *ViewOf(StationView *view)
 {
-    static SilentView nobody; // without state
+    static SilentView nobody; // has no state
     return view == nullptr ? &nobody : view;
 }
 
@@ -105,7 +105,7 @@ void Station::End(std::chrono::milliseconds patience)
         return;
     StoreLocations();
     SaveSettings();
-    // What is not stored by then is told in the trace, and the file keeps what it has.
+    // The trace names what is not stored by then; such a file keeps what it has.
     static_cast<void>(m_writer.Flush(patience));
     PollFiles();
 }
@@ -175,14 +175,14 @@ void Station::ChooseProfile(int index, Choice choice)
         ShowWeatherProfile();
         return;
     }
-    StoreLocations(); // those of the profile that was current so far
+    StoreLocations(); // of the profile that is still the current one
     if (chosen == m_profiles.currentWeatherProfile)
         return;
-    // The list's index is the record's, gaps between the profiles or not.
+    // An index in the list is one in the table, gaps between the profiles or not.
     m_profiles.currentWeatherProfile = chosen;
     m_weather.SetSecondsToWeatherCheck(kSecondsToNewProfile);
     ShowWeatherProfile();
-    // The new service may measure another place.
+    // The new service may measure at another place.
     ResetTodayMinMax(m_minMax, m_files.MinMax());
 }
 
@@ -196,7 +196,7 @@ void Station::ShowWeatherProfile()
 {
     qint16 &current = m_profiles.currentWeatherProfile;
     current = UsableProfileIndex(current, ProfileCount());
-    // Without any profile the choice of the last run is kept for when the profiles are back.
+    // Without profiles the settings keep the last choice for when they are back.
     if (current >= 0)
         Change([&](Settings &settings) { settings.currentWeatherProfile = current; });
     for (const QuantityRow &row : kQuantities) {

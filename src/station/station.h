@@ -16,7 +16,7 @@
 #include <functional>
 #include <optional>
 
-/// Who has the station. A service reads the settings and never writes them.
+/// Who owns the station. A service reads the settings and never writes them.
 enum class Owner
 {
     Window,
@@ -27,10 +27,10 @@ enum class Owner
 enum class Choice
 {
     Chosen,       ///< Its weather is wanted.
-    ScrolledPast, ///< It is looked at on the way to another.
+    ScrolledPast, ///< Passed on the way to another one.
 };
 
-/// Who has written a text into a location box.
+/// Who put a text into a location box.
 enum class Editor
 {
     Person,
@@ -41,27 +41,27 @@ enum class Editor
 enum class ZoneSource
 {
     Typed,
-    Finder, ///< Chosen from the list; its forecast is asked for after five seconds.
+    Finder, ///< Chosen from the list; its forecast is requested after five seconds.
 };
 
 /// The program without its window: settings, profiles, min/max temperatures, both cycles, the
 /// output files and the recovery file.
 ///
-/// It is driven by two ticks from outside and by what a person does, and tells a view what has
-/// changed. All of it is one thread's, and nothing in it waits.
+/// Two ticks from outside and what a person does drive it; it tells a view what has changed. It
+/// belongs to one thread and never waits.
 class Station
 {
 public:
-    /// The references outlive the station.
+    /// The references must outlive the station.
     Station(ProgramFiles files, const Clock &clock, HttpTransfers &http, FileWriter &writer,
             Owner owner);
     virtual ~Station() = default;
     Q_DISABLE_COPY_MOVE(Station)
 
-    /// From now on `view` is told; null: nobody. It outlives the station or is taken away again.
+    /// Tells `view` from now on; null: nobody. The view must outlive the station or be replaced.
     void SetView(StationView *view);
 
-    // How it comes up, in this order.
+    // How it starts, in this order.
 
     void LoadProfiles();
 
@@ -70,40 +70,41 @@ public:
 
     void LoadExtremes();
 
-    /// Reads profiles and settings anew. Values and countdowns stay where profile and locations are
-    /// the same; another profile, location or zone is asked for soon, as if it had been chosen. A
-    /// file that has nothing in it, because it is just being replaced for example, changes nothing.
-    /// @return what is wrong with the settings, in words for the user; the profile stays then.
+    /// Reads profiles and settings again. Values and countdowns stay if profile and locations are
+    /// the same; a different profile, location or zone is requested soon, as if it had just been
+    /// chosen. An empty file, one that is just being replaced for example, changes nothing.
+    /// @return what is wrong with the settings, in words for the user; the profile then stays.
     // The station runs on either way, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
     std::optional<QString> Reload();
 
     void Start(); ///< Requests go out and changes are kept from here on.
 
-    /// Stores the texts of the location boxes and the settings; no request and no change is kept
-    /// any more. Once only: a station that does not run does nothing.
+    /// Stores the texts of the location boxes and the settings, and keeps no change after that.
+    /// Does nothing if the station is not running.
+    /// @param patience the longest wait for files that are being stored.
     void End(std::chrono::milliseconds patience);
 
     [[nodiscard]] bool IsRunning() const { return m_running; }
 
-    /// Stores the settings; not those of a service.
-    /// @return false when the file could not be written.
-    // The next one tries again, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
+    /// Stores the settings, but not those of a service.
+    /// @return false if the file could not be written.
+    // The next save tries again, hence: NOLINTNEXTLINE(modernize-use-nodiscard)
     bool SaveSettings();
 
     // What drives it.
 
     static constexpr std::chrono::milliseconds kPollInterval{250};
 
-    void Poll();       ///< To be called at this interval.
-    void TickSecond(); ///< To be called every second.
+    void Poll();       ///< Call it at this interval.
+    void TickSecond(); ///< Call it every second.
 
     // What a person does.
 
-    void RequestWeather(); ///< Now, and the interval begins anew.
+    void RequestWeather(); ///< Now; the interval starts over.
     void RequestForecast();
     void ChooseProfile(int index, Choice choice);
     void EditLocation(std::size_t index, const QString &text, Editor editor);
-    void LocationsDone(); ///< The texts are complete; other ones than asked for are asked for soon.
+    void LocationsDone(); ///< The texts are complete; they are requested soon if they are new.
     void SetZone(const QString &state, const QString &zone, ZoneSource source);
     void SetCheckInterval(qint16 seconds); ///< Kept in the settings only if they have one.
     void Change(const std::function<void(Settings &)> &change); ///< Any other setting.
@@ -120,10 +121,10 @@ public:
     void SaveWeatherData();
     void SaveForecastData();
 
-    /// Takes over a transfer of zone codes: its text goes to the view.
+    /// Takes over a transfer of zone codes, and passes its text to the view.
     void AwaitZoneCodes(TransferHandle handle) { m_zoneCodeThreadHandle = handle; }
 
-    // What it is now.
+    // Its present state.
 
     [[nodiscard]] const ProgramFiles &Files() const { return m_files; }
     [[nodiscard]] const Settings &CurrentSettings() const { return m_settings; }
@@ -137,16 +138,16 @@ public:
     /// What the value boxes show, and what goes into the output file.
     [[nodiscard]] const WeatherValues &ShownWeather() const { return m_shown; }
 
-    /// The texts of the location boxes; the profile has them from the next request on.
+    /// The texts of the location boxes; the profile gets them at the next request.
     [[nodiscard]] const std::array<QString, 4> &LocationTexts() const { return m_locationTexts; }
 
-    /// Whether the selected profile uses a location; the first one is always asked for.
+    /// Whether the selected profile uses a location; the first one is always used.
     [[nodiscard]] bool UsesLocation(std::size_t index) const;
 
     [[nodiscard]] const QString &NextWeatherCheck() const { return m_nextWeatherCheck; }
     [[nodiscard]] const QString &NextForecastCheck() const { return m_nextForecastCheck; }
 
-    /// The forecast's credit line; nothing when the profile file names none.
+    /// The forecast's credit line; nothing if the profile file has a blank title for it.
     [[nodiscard]] const std::optional<QString> &ForecastCredit() const { return m_forecastCredit; }
 
 protected: // a test's station looks inside
@@ -158,7 +159,7 @@ protected: // a test's station looks inside
     ForecastCycle m_forecast;
 
 private:
-    /// Whose weather is wanted.
+    /// Whose weather is requested.
     struct Asked
     {
         qint16 index = -1;           ///< -1: there is no profile.
@@ -166,14 +167,14 @@ private:
         std::array<QString, 4> location = {};
     };
 
-    /// What is being stored of a product.
+    /// What of a product is being stored.
     struct OnItsWay
     {
         quint64 ticket = 0;   ///< 0: nothing.
-        QString failure = {}; ///< Why it is not what was asked for; empty: it is.
+        QString failure = {}; ///< Why it is not what was requested; empty: it is.
     };
 
-    [[nodiscard]] int ProfileCount() const; ///< As loaded, and as the list of titles has them.
+    [[nodiscard]] int ProfileCount() const; ///< As loaded, and as in the list of titles.
     [[nodiscard]] int Year() const;
     [[nodiscard]] bool IsLocationMissing() const;
     [[nodiscard]] bool IsLocationBeingEdited() const;
@@ -205,13 +206,13 @@ private:
     StationView *m_view; ///< Never null.
 
     std::array<WeatherProfile, 10> m_loadedProfiles; ///< As the file had them, before any use.
-    std::optional<SettingsRecovery> m_recovery;      ///< From the loading of the settings on.
-    std::chrono::milliseconds m_recoveryIn{}; ///< To the storing of what has changed; 0: nothing.
+    std::optional<SettingsRecovery> m_recovery;      ///< There once the settings are loaded.
+    std::chrono::milliseconds m_recoveryIn{}; ///< Until changes are stored; 0: there are none.
     TransferHandle m_zoneCodeThreadHandle = 0;
     std::array<OnItsWay, 2> m_onTheirWay; ///< [Product].
     WeatherValues m_shown;
     std::array<QString, 4> m_locationTexts;
-    std::optional<std::chrono::nanoseconds> m_locationEdited; ///< When, by the time since boot.
+    std::optional<std::chrono::nanoseconds> m_locationEdited; ///< When last, in time since boot.
     std::optional<QString> m_forecastCredit;
     QString m_nextWeatherCheck;
     QString m_nextForecastCheck;

@@ -23,15 +23,15 @@ const QString kInvalidLocation = u"Invalid Location"_s;
 void Station::TickSecond()
 {
     if (IsLocationMissing())
-        m_nextWeatherCheck = kInvalidLocation; // the countdown stands still
+        m_nextWeatherCheck = kInvalidLocation; // the countdown pauses
     else
         CountDownToWeather();
 
-    // The schedule has a test of its own, which differs from this one.
+    // The schedule has a check of its own, different from this one.
     if (IsForecastLocationInvalid(m_settings.ForecastState, m_settings.ForecastZone))
         SetNextForecastCheck(kInvalidLocation);
     else
-        CheckForecastSchedule(); // either way the view is told, of both texts
+        CheckForecastSchedule(); // tells the view about both texts, as the other branch does
 }
 
 bool Station::IsLocationMissing() const
@@ -109,12 +109,12 @@ void Station::PollWeather()
         break;
     }
     if (poll.profile != m_profiles.currentWeatherProfile) {
-        // Read by the new profile's tags it would be another place's weather, or none at all.
+        // With the new profile's tags it would read as another place's weather, or as none at all.
         Trace(u"Weather reply to another profile's request ignored");
         return;
     }
     m_view->SetStatus(u"Retrieved current weather data"_s);
-    // A failed transfer delivers the empty text, which the parser has an answer for.
+    // A failed transfer delivers the empty text, which the parser can handle.
     if (const auto refusal = ParseWeatherData(poll.reply.text)) {
         const bool isReceived = poll.reply.error == 0;
         m_view->Ended({Product::Weather, isReceived ? *refusal : poll.reply.errorText});
@@ -124,7 +124,7 @@ void Station::PollWeather()
     SaveWeatherData();
 }
 
-/// @return why the reply is refused; nothing when it is taken.
+/// @return why the reply is refused; nothing if it is not.
 std::optional<QString> Station::ParseWeatherData(const QString &reply)
 {
     WeatherProfile *profile = m_profiles.Selected();
@@ -135,7 +135,7 @@ std::optional<QString> Station::ParseWeatherData(const QString &reply)
         m_view->SetStatus(status);
     if (!reading.taken)
         return reading.statuses.value(reading.statuses.size() - 1);
-    // Stored in between: the rest shows the previous day's extremes.
+    // Stored at this point because the rest shows the previous day's extremes.
     if (reading.temperature)
         CheckMinMaxTemp(m_minMax, m_files.MinMax(), now.date(), *reading.temperature);
     profile->values = FinishReading(std::move(reading), *profile, m_minMax, now);
@@ -174,7 +174,7 @@ void Station::PollFiles()
     for (const Written &written : m_writer.Poll()) {
         for (const Product product : {Product::Weather, Product::Forecast}) {
             OnItsWay &sent = m_onTheirWay[std::size_t(product)];
-            if (sent.ticket != written.ticket) // one before it, which nobody waits for
+            if (sent.ticket != written.ticket) // an earlier one, which nobody waits for
                 continue;
             const QString failure = std::exchange(sent, {}).failure;
             const bool isStored = !written.error.IsError();

@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-// How the station takes over what somebody has changed in its files.
+// How the station picks up what somebody has changed in its files.
 
 namespace {
 
@@ -48,7 +48,7 @@ Station::Asked Station::AskedNow() const
     const WeatherProfile *selected = m_profiles.Selected();
     if (selected == nullptr)
         return {};
-    // Not the one in use: reading a reply changes its tags.
+    // Not the profile in use: reading a reply changes its tags.
     const auto index = std::size_t(m_profiles.currentWeatherProfile);
     return {.index = m_profiles.currentWeatherProfile,
             .profile = m_loadedProfiles[index],
@@ -59,14 +59,15 @@ void Station::AskForOtherWeather(const Asked &before)
 {
     const Asked now = AskedNow();
     if (now.index != before.index || !IsSameService(now.profile, before.profile)) {
-        m_weather.GiveUp(); // its reply would be read by other tags
+        m_weather.GiveUp(); // its reply would be read with other tags
         m_weather.SetSecondsToWeatherCheck(kSecondsToNewProfile);
     } else if (now.location != before.location) {
         m_weather.GiveUp();
         m_weather.SetSecondsToWeatherCheck(
             std::min(m_weather.SecondsToWeatherCheck(), kSecondsToNewLocation));
     }
-    // The new service may measure another place; behind none at all it is the one of before.
+    // The new service may measure at another place. One that returns after none at all is the one
+    // from before.
     const bool isOtherService =
         now.index != before.index || now.profile.baseURL != before.profile.baseURL;
     if (before.index >= 0 && isOtherService)
@@ -94,7 +95,7 @@ void Station::ReloadProfiles()
 std::optional<QString> Station::ReloadSettings()
 {
     if (m_recoveryIn > 0ms && m_owner == Owner::Window)
-        m_recovery->Keep(m_settings); // what has just been changed is part of the settings
+        m_recovery->Keep(m_settings); // a change just made is part of the settings
     m_recoveryIn = 0ms;
     const IniFile file(m_files.Settings());
     if (file.Profile().Bytes().isEmpty())

@@ -13,7 +13,7 @@ namespace {
 constexpr double kHighestPort = 65535;
 constexpr int kSecondsAMinute = 60;
 
-/// Whether the settings file can name each of the choices, in minutes, and nothing else.
+/// Whether the choices are exactly those that the settings file can name, in minutes.
 constexpr bool AreAllChoicesKept()
 {
     return std::equal(kCheckIntervals.begin(), kCheckIntervals.end(), kCheckIntervalMinutes.begin(),
@@ -49,7 +49,7 @@ bool IsLocationMissing(const std::array<LocationBox, 4> &boxes)
 
 QString HttpPortText(QStringView text)
 {
-    // The default rounding mode takes halves to the even neighbour.
+    // The default rounding mode rounds halves to even.
     const double port = std::nearbyint(LeadingNumber(text).value_or(0));
     return port >= 1 && port <= kHighestPort ? QString::number(int(port)) : u"80"_s;
 }
