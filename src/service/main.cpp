@@ -45,10 +45,10 @@ ProgramFiles FindFiles(const CommandLine &command)
 bool LockSession(SessionLock &lock, const ProgramFiles &files)
 {
     const SessionLock::Outcome outcome = lock.Take();
-    if (outcome == SessionLock::Outcome::Taken) // so nobody is at work on these files
+    if (outcome == SessionLock::Outcome::Taken) // nobody else is at work on these files
         RemoveLeftovers(files);
     if (outcome != SessionLock::Outcome::Held)
-        return true; // without a lock the program's work goes on as it can
+        return true; // without a lock the program still works as well as it can
     const std::optional<LockHolder> holder = lock.Holder();
     PrintProblem(holder
                      ? HeldByText(*holder)
@@ -66,7 +66,7 @@ ExitCode Check(Station &station)
     return IsAnythingSetUp(station) ? ExitCode::Done : ExitCode::NothingSetUp;
 }
 
-/// Runs the event loop until it is asked to end, and lets files that are being stored come to that.
+/// Runs the event loop until it is asked to end, then lets files that are being stored finish.
 void RunEventLoop(Station &station, const UnixSignals &unixSignals)
 {
     QObject::connect(&unixSignals, &UnixSignals::EndRequested, QCoreApplication::instance(),
@@ -99,7 +99,7 @@ ExitCode RunOn(Station &station, const UnixSignals &unixSignals)
     QTimer poll;
     QTimer second;
     for (QTimer *timer : {&poll, &second})
-        timer->setTimerType(Qt::CoarseTimer); // so that the system wakes up for several at once
+        timer->setTimerType(Qt::CoarseTimer); // lets the system wake up for several timers at once
     poll.callOnTimeout([&service] { service.Poll(); });
     second.callOnTimeout([&service] { service.TickSecond(); });
     poll.start(Station::kPollInterval);
@@ -110,7 +110,7 @@ ExitCode RunOn(Station &station, const UnixSignals &unixSignals)
 
 ExitCode Run(const ServiceCommand &command)
 {
-    // Made from the outside in, destroyed from the inside out.
+    // Each uses those above it; they are destroyed in reverse order.
     const SystemClock clock;
     CurlTransfers http;
     DirectFileWriter writer;
@@ -122,7 +122,7 @@ ExitCode Run(const ServiceCommand &command)
     SessionLock lock(files.Lock());
     if (!LockSession(lock, files))
         return ExitCode::Held;
-    // From here on they wait until there is somebody to answer them.
+    // From here on signals wait until somebody can answer them.
     const UnixSignals unixSignals(UnixSignals::Program::Service);
     if (const auto problem = BringUp(station)) {
         PrintProblem(*problem);
@@ -135,7 +135,7 @@ ExitCode Run(const ServiceCommand &command)
 
 int main(int argc, char *argv[])
 {
-    // Before anything that takes time: they must not end the program.
+    // Before anything that takes time: signals must not end the program.
     UnixSignals::IgnoreCalls(UnixSignals::Program::Service);
     const ServiceCommand command = ReadServiceCommand(ArgumentsOf(argc, argv));
     if (const auto answer = ConsoleAnswer(command)) {

@@ -7,24 +7,24 @@
 
 #include <array>
 
-/// Asks once for each product of a station that is set up.
+/// Requests each product of a station once, if it is set up.
 class OneRound final : private SilentView
 {
 public:
-    /// @param station outlives the round; it has been brought up and not been started.
+    /// @param station must outlive the round; it has been brought up, but not started.
     /// @param say     is told what is missing if nothing is set up, and what fails.
     OneRound(Station &station, Say say);
     ~OneRound() override;
     Q_DISABLE_COPY_MOVE(OneRound)
 
-    /// Sends the requests; nothing happens if nothing is set up.
+    /// Sends the requests; does nothing if nothing is set up.
     void Start();
 
-    void Poll() { m_station.Poll(); } ///< To be called each Station::kPollInterval.
+    void Poll() { m_station.Poll(); } ///< Call it each Station::kPollInterval.
 
     [[nodiscard]] bool IsDone() const; ///< All have ended.
 
-    /// What has become of it so far.
+    /// The result so far.
     [[nodiscard]] ExitCode Result() const;
 
 private:

@@ -7,20 +7,20 @@
 #include <array>
 #include <functional>
 
-/// Takes a line for whoever looks after the program.
+/// Passes a line to whoever looks after the program.
 using Say = std::function<void(const QString &line)>;
 
-/// Says what somebody has to know who looks after the service, and that once: a log that is kept
-/// for years has one line for what has happened, not one for each try.
+/// Tells whoever looks after the service what they need to know, and only once: a log that is kept
+/// for years gets one line per event, not one per try.
 class Reporter
 {
 public:
     explicit Reporter(Say say) : m_say(std::move(say)) {}
 
-    /// @param what is missing of the product, in words; empty: nothing.
+    /// @param what the product lacks, in words; empty: nothing.
     void Missing(Product product, const QString &what);
 
-    /// What is still missing is said again: somebody has asked for it.
+    /// Lets Missing() say again what is still missing, because somebody asked.
     void Repeat();
 
     void Ended(const ProductEnd &end);
@@ -29,7 +29,7 @@ private:
     struct State
     {
         QString missing = {};
-        bool isSaid = false; ///< That it does not work.
+        bool isSaid = false; ///< Whether it was said that it fails.
     };
 
     Say m_say;

@@ -8,18 +8,18 @@
 
 #include <optional>
 
-/// Brings a station up as far as it goes without a request.
+/// Loads everything that a station needs before it starts.
 /// @return what keeps it from starting, in words for the user.
 [[nodiscard]] std::optional<QString> BringUp(Station &station);
 
-/// The program without a window: drives a station that has been brought up, and says what becomes
-/// of it.
+/// The program without a window: drives a station that has been brought up, and reports what
+/// happens.
 ///
-/// While something is missing the files are read anew each minute.
+/// While something is missing, it reads the files again every minute.
 class Service final : private SilentView
 {
 public:
-    /// @param station outlives the service; it has not been started.
+    /// @param station must outlive the service; it has not been started.
     Service(Station &station, Say say);
     ~Service() override;
     Q_DISABLE_COPY_MOVE(Service)
@@ -28,10 +28,10 @@ public:
 
     // What drives it.
 
-    void Poll() { m_station.Poll(); } ///< To be called each Station::kPollInterval.
-    void TickSecond();                ///< To be called each second.
+    void Poll() { m_station.Poll(); } ///< Call it each Station::kPollInterval.
+    void TickSecond();                ///< Call it every second.
 
-    /// Reads the files anew because somebody wants it; what is missing is said again.
+    /// Reads the files again because somebody asked; says again what is missing.
     void Reload();
 
 private:
@@ -43,7 +43,7 @@ private:
     Station &m_station;
     Say m_say;
     Reporter m_reporter;
-    QString m_problem;        ///< Of the settings, as it was said.
-    int m_secondsToLook = 0;  ///< Until the files are read anew.
-    bool m_isMissing = false; ///< Something is.
+    QString m_problem;        ///< What was said about the settings.
+    int m_secondsToLook = 0;  ///< Until the files are read again.
+    bool m_isMissing = false; ///< Whether something is.
 };

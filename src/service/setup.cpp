@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array kProducts{Product::Weather, Product::Forecast};
 
-/// The locations that the selected profile uses and that are not filled in, by their keys.
+/// The keys of the locations that the selected profile uses and nobody has filled in.
 QStringList MissingLocations(const Station &station)
 {
     QStringList keys;

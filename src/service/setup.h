@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Whether a product can be asked for.
+/// Whether a product is set up.
 struct Setup
 {
     QString isFor = {};   ///< Whose weather it is, in words; empty when something is missing.
@@ -16,10 +16,10 @@ struct Setup
 /// The name of a product in the service's messages.
 [[nodiscard]] QString NameOf(Product product);
 
-/// How a product of the station, whose files have been loaded, is set up.
+/// How a product of the station is set up. The station's files must have been loaded.
 [[nodiscard]] Setup SetupOf(Product product, const Station &station);
 
-/// One line for each product.
+/// Says how each product is set up, in one line each.
 [[nodiscard]] QString SetupReport(const Station &station);
 
 /// Whether any product is set up.
