@@ -16,7 +16,7 @@ constexpr QStringView kCodePageSwitch = u"/CODEPAGE=1252";
 constexpr QStringView kDesktopSessionOption = u"-session";
 constexpr QStringView kSessions = u"23456789";
 
-/// What follows the session switch; empty when nothing does. The digit counts only as the last
+/// What follows the session switch; empty if nothing does. The digit counts only as the last
 /// character of the text: with anything after it no session is read.
 std::optional<QString> SessionDigit(const QString &text, qsizetype switchAt)
 {
@@ -31,7 +31,7 @@ bool IsSession(const QString &digit)
     return !digit.isEmpty() && kSessions.contains(digit);
 }
 
-/// The code page that is asked for in the text ahead of the session switch.
+/// The code page that the text before the session switch asks for.
 CodePage CodePageOf(QStringView text, qsizetype sessionSwitchAt)
 {
     qsizetype found = text.indexOf(kCodePageSwitch, 0, Qt::CaseInsensitive);

@@ -41,7 +41,7 @@ Locking LockForWriting(int handle)
 
 bool HasWriter(int handle)
 {
-    struct flock lock = WholeFile(F_RDLCK); // nothing but a lock for writing is in its way
+    struct flock lock = WholeFile(F_RDLCK); // only a lock for writing conflicts with it
     return ::fcntl(handle, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 

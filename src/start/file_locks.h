@@ -1,20 +1,20 @@
 #pragma once
 
-/// How a try to lock a file ended. None of them waits.
+/// How an attempt to lock a file ended. None of them waits.
 enum class Locking
 {
     Done,
-    Refused,    ///< Somebody has a lock that is in the way.
+    Refused,    ///< Somebody holds a lock that conflicts.
     NotPossible ///< The system or the file system has no such locks.
 };
 
-/// Locks the open file against all others who lock it in this way. Whoever can read the file can do
-/// so.
+/// Locks the open file against everybody else who locks it in this way. The right to read the file
+/// is enough.
 [[nodiscard]] Locking LockWhole(int handle);
 
-/// Locks the open file against all others who lock it in this way, for reading too. Takes a handle
-/// that the file can be written through.
+/// Locks the open file against everybody else who locks it in this way, even for reading. The
+/// handle must be open for writing.
 [[nodiscard]] Locking LockForWriting(int handle);
 
-/// Whether somebody else has locked the file for writing. Takes any handle.
+/// Whether somebody else has locked the file for writing. Any handle will do.
 [[nodiscard]] bool HasWriter(int handle);

@@ -51,7 +51,7 @@ QByteArray ProcessName(const QString &process)
     return name;
 }
 
-/// The system keeps so much of a program's name.
+/// As much of a program's name as the system keeps.
 QByteArray ShortName(QLatin1StringView program)
 {
     constexpr qsizetype kLongest = 15;
@@ -72,7 +72,7 @@ bool IsAlive(qint64 process)
     return ::kill(pid_t(process), 0) == 0 || errno == EPERM;
 }
 
-/// Whether the process ignores the signal or handles it. One that has only begun to start does not
+/// Whether the process ignores or handles the signal. One that has only just started does neither
 /// yet, and the signal would end it.
 bool IsReadyFor(int number, qint64 process)
 {
@@ -97,7 +97,7 @@ QByteArray ThisHolder()
 
 LockHolder ReadHolder(QFile &file)
 {
-    constexpr qint64 kMost = 4096; // of what may be in there
+    constexpr qint64 kMost = 4096; // bytes; anything may be in there
     file.seek(0);
     const QByteArrayList lines = file.read(kMost).split('\n');
     return {.process = std::max(lines.constFirst().toLongLong(), 0LL),
@@ -129,7 +129,7 @@ bool IsNamedRightly(const LockHolder &holder)
 
 bool CanBeCalled(const LockHolder &holder)
 {
-    // A name that the holder has not replaced yet may be any process's by now.
+    // Until the holder has written its own number, the one in the file may be any process's.
     return holder.process > 0 && holder.isOnThisHost && IsOneOfOurs(holder.process)
         && IsReadyFor(SIGUSR1, holder.process);
 }

@@ -10,13 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Absolute, in the platform's writing, without trailing separator.
+/// Absolute, with the platform's separators and none at the end.
 QString FolderText(const QString &folder)
 {
     return QDir::toNativeSeparators(QDir::cleanPath(QDir(folder).absolutePath()));
 }
 
-/// Really makes a file: permission bits say nothing to a superuser or on a read-only disk.
+/// Really creates a file: permission bits mean nothing to a superuser or on a read-only disk.
 bool CanBeWritten(const QString &folder)
 {
     QTemporaryFile probe(QDir(folder).filePath(u"TavrinWeatherXXXXXX.tmp"_s));

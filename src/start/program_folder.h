@@ -8,14 +8,14 @@
 struct ProgramFolder
 {
     QString folder = {};  ///< Without trailing separator.
-    QString problem = {}; ///< One line for the user, empty when the folder can be written.
+    QString problem = {}; ///< One line for the user; empty if the folder can be written.
 };
 
-/// The folder that the environment variable TAVRIN_WEATHER_FOLDER names, else that of the
-/// executable. A folder that is missing or cannot be written is reported and used all the same: the
-/// program never takes another one silently.
+/// The folder that the environment variable TAVRIN_WEATHER_FOLDER names, else the executable's. A
+/// folder that is missing or cannot be written is reported, but used all the same: the program
+/// never silently uses another one.
 [[nodiscard]] ProgramFolder FindProgramFolder(const QString &executableFolder);
 
-/// Takes away what a copy of this session that was killed has left of half-written files. To be
-/// called while no other copy runs.
+/// Removes half-written files that a killed copy of this session has left. Call it while no other
+/// copy runs.
 void RemoveLeftovers(const ProgramFiles &files);

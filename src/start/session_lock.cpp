@@ -24,11 +24,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Opens the file with `options` besides the usual ones. Not through a link, since what somebody
-/// has planted would be written then, and nothing but a file.
+/// Opens the file with `options` besides the usual ones. Follows no link, because somebody might
+/// have planted it to have its target overwritten, and opens only plain files.
 bool OpenFile(QFile &file, const QByteArray &path, int options, QIODevice::OpenMode mode)
 {
-    constexpr mode_t kForAll = 0666; // other users' copies look at it too
+    constexpr mode_t kForAll = 0666; // other users' copies read it, too
     const int handle =
         ::open(path.constData(), options | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kForAll);
     if (handle < 0)
@@ -40,7 +40,8 @@ bool OpenFile(QFile &file, const QByteArray &path, int options, QIODevice::OpenM
     return false;
 }
 
-/// Opens the lock's file, and makes it where there is none; another user's as far as that can be.
+/// Opens the lock's file, and creates it if there is none; read-only if another user's allows no
+/// more.
 bool OpenLock(QFile &file, const QByteArray &path)
 {
     return OpenFile(file, path, O_RDWR | O_CREAT, QIODevice::ReadWrite)
@@ -53,8 +54,8 @@ bool IsPlainFile(const QByteArray &path)
     return ::lstat(path.constData(), &named) == 0 && S_ISREG(named.st_mode);
 }
 
-/// Whether `path` still names the open file: not when its holder has taken it away meanwhile, and
-/// another copy made its own.
+/// Whether `path` still names the open file. It does not if the holder has removed the file
+/// meanwhile, or if another copy has created its own.
 bool IsNamed(const QFile &file, const QByteArray &path)
 {
     struct stat opened = {};
@@ -67,7 +68,7 @@ enum class Grip
 {
     Ours,
     Others,
-    Disputed,   // somebody is in the way who need not be a copy of the program
+    Disputed,   // blocked by somebody who need not be a copy of the program
     NotPossible // there are no locks
 };
 
@@ -77,10 +78,10 @@ Grip Grasp(QFile &file)
     const int handle = file.handle();
     const Locking writing = file.isWritable() ? LockForWriting(handle) : Locking::NotPossible;
     const auto isOthers = [&] { return writing != Locking::Done && HasWriter(handle); };
-    if (isOthers()) // nor must the second lock get into the way of a copy that is about to take it
+    if (isOthers()) // before the second lock could hinder a copy that is about to take it
         return Grip::Others;
     const Locking whole = LockWhole(handle);
-    if (isOthers()) // since a moment ago
+    if (isOthers()) // they may have got it a moment ago
         return Grip::Others;
     if (whole == Locking::Refused
         && (writing == Locking::NotPossible || MayBeRunning(ReadHolder(file))))
@@ -97,14 +98,14 @@ SessionLock::SessionLock(QString path) : m_path(std::move(path)) {}
 SessionLock::~SessionLock()
 {
     const QByteArray path = QFile::encodeName(m_path);
-    // Taken away while it is held: without that it could be another copy's by now.
+    // Removed while the lock is held: afterwards it could be another copy's.
     if (m_file.isOpen() && IsNamed(m_file, path))
         ::unlink(path.constData());
 }
 
 SessionLock::Outcome SessionLock::Take()
 {
-    // One is enough unless another copy begins or ends just now, or somebody is in the way.
+    // One is enough, unless another copy is just starting or ending or somebody is in the way.
     constexpr int kRounds = 100;
     const QByteArray path = QFile::encodeName(m_path);
     for (int left = kRounds; left > 0; --left) {
@@ -112,7 +113,7 @@ SessionLock::Outcome SessionLock::Take()
             return IsPlainFile(path) ? Outcome::Held : Outcome::NotPossible;
         const Grip grip = Grasp(m_file);
         m_isHeldByOther = grip == Grip::Others;
-        // Whoever may only read the file does not keep the program from its work.
+        // Somebody who can only read the file does not keep the program from its work.
         const bool isOurs = grip == Grip::Ours || (grip == Grip::Disputed && left == 1);
         if (isOurs && IsNamed(m_file, path) && WriteHolder(path))
             return Outcome::Taken;
@@ -120,16 +121,16 @@ SessionLock::Outcome SessionLock::Take()
         if (m_isHeldByOther || grip == Grip::NotPossible)
             return m_isHeldByOther ? Outcome::Held : Outcome::NotPossible;
     }
-    return Outcome::NotPossible; // a file system without lasting numbers of files
+    return Outcome::NotPossible; // a file system without stable inode numbers
 }
 
-/// Writes this process into the file that is locked.
-/// @return false when it could only be taken away, so that a new one has to be made.
+/// Writes this process into the locked file.
+/// @return false if the file could only be removed, so that a new one must be created.
 bool SessionLock::WriteHolder(const QByteArray &path)
 {
     if (!m_file.isWritable())
         return ::unlink(path.constData()) != 0;
-    // On a full disk the lock counts all the same.
+    // The lock counts even if the disk is full.
     if (!m_file.resize(0) || m_file.write(ThisHolder()) < 0)
         Trace(u"Unable to write ", m_path);
     return true;

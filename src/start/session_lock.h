@@ -15,9 +15,9 @@
 
 /// Keeps two copies of one session from running side by side: they would write the same files.
 ///
-/// The lock is a file that names its holder's process, and counts only while that process lives:
-/// one that a killed copy left behind, whoever's it was, is taken over. Somebody who may only read
-/// the file cannot hold the lock against a copy that may write it.
+/// The lock is a file that names its holder's process, and counts only while that process lives: a
+/// file that a killed copy has left, whoever's it was, is taken over. Somebody who can only read
+/// the file cannot keep the lock from a copy that can write it.
 class SessionLock
 {
 public:
@@ -25,7 +25,7 @@ public:
     {
         Taken,      ///< Held until this object ends.
         Held,       ///< Another copy has it.
-        NotPossible ///< There is no lock to be had, as in a folder that cannot be written.
+        NotPossible ///< No lock can be had, in a folder that cannot be written for example.
     };
 
     explicit SessionLock(QString path);
@@ -34,14 +34,14 @@ public:
 
     [[nodiscard]] QString Path() const { return m_path; }
 
-    /// To be called once.
+    /// Call it once.
     [[nodiscard]] Outcome Take();
 
-    /// The copy that holds the lock, which Take() found held; nothing when it cannot be told.
+    /// The copy that held the lock when Take() tried; nothing if it is unknown.
     [[nodiscard]] std::optional<LockHolder> Holder() const;
 
-    /// Asks the copy that holds the lock to show its window. Without effect on another user's copy,
-    /// and when there is doubt that the process is one.
+    /// Asks the copy that holds the lock to show its window. Does nothing if it is another user's,
+    /// or if the process may be no copy at all.
     void CallHolder() const;
 
 private:

@@ -25,7 +25,7 @@ constexpr char kReload = 'R';
 void Send(char byte)
 {
     const int before = errno;
-    // A full pipe has said it already.
+    // A full pipe holds the message already.
     [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
     errno = before;
 }
@@ -45,7 +45,7 @@ void Reload(int /*number*/)
     Send(kReload);
 }
 
-/// True for SIGHUP in a process that was started so that it survives it, with nohup for example.
+/// True for SIGHUP in a process that was started to survive it, with nohup for example.
 bool IsToBeIgnored(int number)
 {
     struct sigaction before = {};

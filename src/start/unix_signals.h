@@ -6,14 +6,13 @@ class QSocketNotifier;
 
 /// Turns the system's signals to a program into signals of the event loop. One object at a time.
 ///
-/// | signal          | in the window's program                           | in the service |
-/// |-----------------|---------------------------------------------------|-------------------------|
-/// | SIGTERM, SIGINT | ask for the end                                   | ask for the end | |
-/// SIGHUP          | asks for the end, unless it was ignored before    | asks for a fresh look   |
-/// | SIGUSR1         | another start of the session asks for the window  | ignored |
+/// - SIGTERM and SIGINT ask for the end.
+/// - SIGHUP asks the window's program for the end, unless the signal was ignored before, and the
+///   service to read its files again.
+/// - SIGUSR1, sent by another start of the session, asks for the window; the service ignores it.
 ///
-/// A second one that asks for the end ends the process in the system's own way, should the first
-/// have had no effect. On systems without these signals it does nothing.
+/// A second signal that asks for the end has the system's default effect, in case the first had
+/// none. On systems without these signals the class does nothing.
 class UnixSignals final : public QObject
 {
     Q_OBJECT
@@ -29,8 +28,7 @@ public:
     ~UnixSignals() override;
     Q_DISABLE_COPY_MOVE(UnixSignals)
 
-    /// Makes SIGUSR1 harmless, and in the service SIGHUP; to be called before others can know this
-    /// process.
+    /// Ignores SIGUSR1, and in the service SIGHUP. Call it before others can know this process.
     static void IgnoreCalls(Program program = Program::Window);
 
 Q_SIGNALS:
