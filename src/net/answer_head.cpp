@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The value of the line number `index` of all with that name; null: there are not as many.
+/// The line number `index` of those with that name; null if there are fewer.
 const curl_header *HeaderAt(CURL *easy, const char *name, size_t index)
 {
     constexpr int kLastRequest = -1;
@@ -22,7 +22,7 @@ QByteArray FirstOf(CURL *easy, const char *name)
 
 QByteArray AllOf(CURL *easy, const char *name)
 {
-    constexpr size_t kMostLines = 16; // libcurl looks through all lines for each of them
+    constexpr size_t kMostLines = 16; // for each of them libcurl searches all lines
     QByteArray all;
     for (size_t index = 0; index < kMostLines; ++index) {
         const curl_header *const header = HeaderAt(easy, name, index);

@@ -15,7 +15,7 @@ constexpr QByteArrayView kUtf8Mark = "\xEF\xBB\xBF";
 constexpr QByteArrayView kUtf16LittleMark = "\xFF\xFE";
 constexpr QByteArrayView kUtf16BigMark = "\xFE\xFF";
 
-/// Reads UTF-16; a single byte left over at the end is none and becomes U+FFFD.
+/// Reads UTF-16; a single byte left over at the end becomes U+FFFD.
 QString FromUtf16(QByteArrayView bytes, QStringConverter::Encoding encoding)
 {
     const bool oneTooMany = bytes.size() % 2 != 0;
@@ -42,7 +42,7 @@ bool IsOneOf(const QByteArray &name, std::initializer_list<QByteArrayView> names
     return std::find(names.begin(), names.end(), QByteArrayView(name)) != names.end();
 }
 
-/// An encoding that is in no table here, when Qt knows it.
+/// Any other encoding, if Qt knows it.
 std::optional<QString> FromOther(QByteArrayView bytes, const QByteArray &charset)
 {
     // Names for "whatever this machine uses" say nothing about a reply.
@@ -54,8 +54,8 @@ std::optional<QString> FromOther(QByteArrayView bytes, const QByteArray &charset
     return QString(decoder.decode(bytes));
 }
 
-/// @param charset in small letters; empty: none was named.
-/// @return nothing when nobody knows the name.
+/// @param charset in lower case; empty: none was named.
+/// @return nothing if the name is unknown.
 std::optional<QString> FromCharset(QByteArrayView bytes, const QByteArray &charset)
 {
     if (charset.isEmpty())
@@ -74,14 +74,14 @@ std::optional<QString> FromCharset(QByteArrayView bytes, const QByteArray &chars
     return FromOther(bytes, charset);
 }
 
-/// What a head that was readable byte by byte declares: that cannot be UTF-16, whatever it says.
+/// What the head declares. It was readable byte by byte, so it cannot be UTF-16, whatever it says.
 QByteArray HeadCharset(QByteArrayView bytes)
 {
     QByteArray charset = CharsetOfHead(bytes);
     return charset.startsWith("utf-16") ? QByteArray("utf-8") : charset;
 }
 
-/// The text as it was decoded, which may hold halves of surrogate pairs.
+/// The decoded text, which may contain lone surrogates.
 QString DecodedText(const QByteArray &body, QByteArrayView contentType)
 {
     if (auto text = FromCharset(body, CharsetOfContentType(contentType)))

@@ -18,11 +18,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRefusedUrl = 3; // libcurl's number for an address that is none
-constexpr int kNotStarted = 2; // libcurl's number for "could not be brought up"
+constexpr int kRefusedUrl = 3; // libcurl's number for a malformed address
+constexpr int kNotStarted = 2; // libcurl's number for a failed initialisation
 
-/// Returns the memory of large replies to the system as soon as it is freed. Otherwise the C
-/// library's threshold for such blocks rises with the first large one, and the heap keeps the rest.
+/// Makes the C library return the memory of large replies to the system as soon as it is freed.
+/// Otherwise the first large block raises the threshold for that, and the heap keeps the later
+/// ones.
 void ReturnLargeBlocks()
 {
 #ifdef __GLIBC__
@@ -69,7 +70,7 @@ TransferHandle CurlTransfers::Net_HTTPThreadOpen(const QString &port)
         return 0;
     do {
         m_last = m_last == std::numeric_limits<TransferHandle>::max() ? 1 : m_last + 1;
-    } while (m_open.contains(m_last)); // after years of requests the numbers begin again
+    } while (m_open.contains(m_last)); // after years of requests the numbers start over
     m_open.emplace(m_last, nullptr);
     return m_last;
 }

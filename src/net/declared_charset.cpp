@@ -5,7 +5,7 @@
 namespace {
 
 constexpr QByteArrayView kMeta = "<meta";
-constexpr qsizetype kHeadSize = 1024; // what browsers look at, too
+constexpr qsizetype kHeadSize = 1024; // as much as browsers look at
 
 bool IsBlank(char byte)
 {
@@ -17,7 +17,7 @@ bool IsQuote(char byte)
     return byte == '"' || byte == '\'';
 }
 
-/// Without the blanks at its beginning.
+/// Without leading blanks.
 QByteArrayView SkipBlanks(QByteArrayView text)
 {
     while (!text.isEmpty() && IsBlank(text.front()))
@@ -25,7 +25,7 @@ QByteArrayView SkipBlanks(QByteArrayView text)
     return text;
 }
 
-/// The value at the beginning of `text`, quoted or up to the first blank or one of `ends`.
+/// The value at the beginning of `text`, in quotes or up to the first blank or one of `ends`.
 QByteArrayView Value(QByteArrayView text, QByteArrayView ends)
 {
     text = SkipBlanks(text);
@@ -39,8 +39,8 @@ QByteArrayView Value(QByteArrayView text, QByteArrayView ends)
     return text.first(end - text.begin());
 }
 
-/// The value behind `name` and an equals sign. `lower` holds no capital letters.
-/// @param ends characters that end a value without quotes.
+/// The value after `name` and an equals sign. `lower` is all in lower case.
+/// @param ends characters that end an unquoted value.
 QByteArray ValueOf(QByteArrayView name, QByteArrayView lower, QByteArrayView ends)
 {
     for (qsizetype at = lower.indexOf(name); at >= 0; at = lower.indexOf(name, at + 1)) {
@@ -53,7 +53,7 @@ QByteArray ValueOf(QByteArrayView name, QByteArrayView lower, QByteArrayView end
     return {};
 }
 
-/// Without its comments; one that is not closed takes the rest.
+/// Without its comments; an unclosed one extends to the end.
 QByteArray WithoutComments(QByteArray html)
 {
     for (qsizetype open = html.indexOf("<!--"); open >= 0; open = html.indexOf("<!--", open)) {

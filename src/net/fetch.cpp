@@ -19,8 +19,8 @@ constexpr long kDifference = 226;
 constexpr long kFirstRedirect = 300;
 constexpr long kFirstError = 400;
 
-/// True when the body is what was asked for. A part or a difference is not: no request of ours asks
-/// for either.
+/// True when the body is what was asked for. A part or a difference is not: the program never asks
+/// for one.
 bool IsSuccess(long status)
 {
     return status >= kFirstSuccess && status < kFirstRedirect && status != kPartialContent
@@ -60,7 +60,7 @@ Fetch::Fetch(std::shared_ptr<Transfer> transfer, CURLM *multi, const TransferOpt
 Fetch::~Fetch()
 {
     if (m_easy != nullptr)
-        curl_multi_remove_handle(m_multi, m_easy.get()); // harmless when it is not in there
+        curl_multi_remove_handle(m_multi, m_easy.get()); // harmless if it was never added
 }
 
 template <typename Value>
@@ -78,7 +78,7 @@ void Fetch::SetUp()
     Set(CURLOPT_HTTPHEADER, m_headers.get());
     Set(CURLOPT_USERAGENT, m_options.userAgent.constData());
     Set(CURLOPT_PROTOCOLS_STR, "http,https");
-    Set(CURLOPT_FOLLOWLOCATION, 0L); // Follow() decides: no protocol list can say "never back"
+    Set(CURLOPT_FOLLOWLOCATION, 0L); // Follow() decides: no protocol list forbids https to http
     Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
     Set(CURLOPT_NOSIGNAL, 1L);
     Set(CURLOPT_QUICK_EXIT, 1L); // or closing waits for a name server that does not answer
@@ -152,7 +152,7 @@ std::optional<Reply> Fetch::Ended(CURLcode code)
     if (pointsOn)
         return Follow(location);
 
-    // An error reply stays one, however its page ended.
+    // An error reply is an error, however its page ended.
     if (status >= kFirstError || (code == CURLE_OK && status > 0))
         return Failed(int(status), u"HTTP "_s + QString::number(status));
     if (m_ownFailure != CURLE_OK)
@@ -231,14 +231,14 @@ bool Fetch::CheckHeadLine(QByteArrayView line)
 {
     // libcurl accepts a truncated head, and treats its reply as an empty one.
     if (line.startsWith("HTTP/"))
-        m_headComplete = false; // an interim reply's head was there before it
+        m_headComplete = false; // the head before it was an interim reply's
     else if (line == "\r\n" || line == "\n")
         m_headComplete = true;
     m_headSize += line.size();
     return m_headSize <= m_options.headLimit || Fail(CURLE_FILESIZE_EXCEEDED);
 }
 
-/// Called with the first bytes of a body, when all of the head is known.
+/// Called with the first bytes of a body, when the head is complete.
 bool Fetch::PrepareBody()
 {
     curl_header *encoding = nullptr;
@@ -265,7 +265,7 @@ bool Fetch::KeepBody(QByteArrayView bytes)
 {
     const bool first = m_bodySize == 0;
     m_bodySize += bytes.size();
-    // The page of an error or a redirect is not delivered, but the connection may be used again.
+    // An error's or a redirect's page is dropped, but read, or the connection could not be reused.
     if (!IsSuccess(Status()))
         return m_bodySize <= m_options.bodyLimit || Fail(CURLE_FILESIZE_EXCEEDED);
     if (first && !PrepareBody())
@@ -292,7 +292,7 @@ size_t Fetch::OnHeader(char *bytes, size_t size, size_t count, void *fetch)
 size_t Fetch::OnBody(char *bytes, size_t size, size_t count, void *fetch)
 {
     const QByteArrayView view(bytes, qsizetype(size * count));
-    // An empty block is not a failure; libcurl could not tell a failure's 0 from success there.
+    // An empty block must not fail: libcurl could not tell its 0 from success.
     const bool taken = view.isEmpty() || static_cast<Fetch *>(fetch)->KeepBody(view);
     return taken ? size * count : 0;
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kGzipOnly = MAX_WBITS + 16; // zlib's way of asking for a gzip head and checksum
+constexpr int kGzipOnly = MAX_WBITS + 16; // asks zlib for a gzip header and checksum
 constexpr char kMagic = '\x1F';
 constexpr size_t kChunk = 32768;
 
@@ -37,7 +37,7 @@ GzipReader::GzipReader() : m_stream(std::make_unique<Stream>())
 
 GzipReader::~GzipReader()
 {
-    inflateEnd(&m_stream->zlib); // harmless when the initialisation failed
+    inflateEnd(&m_stream->zlib); // harmless if the initialisation failed
 }
 
 bool GzipReader::IsComplete() const
@@ -46,8 +46,8 @@ bool GzipReader::IsComplete() const
         || m_stream->state == Stream::State::AfterBody;
 }
 
-/// After a complete member: goes on when another one follows.
-/// @return false when the body is at its end.
+/// Called after a complete member: goes on if another one follows.
+/// @return false at the end of the body.
 bool GzipReader::BeginNextMember()
 {
     z_stream &zlib = m_stream->zlib;
@@ -57,8 +57,8 @@ bool GzipReader::BeginNextMember()
     return begun;
 }
 
-/// Unpacks as much as one chunk takes.
-/// @return true when there may be more to come out of the same input.
+/// Unpacks as much as fits into one chunk.
+/// @return true if the same input may hold more.
 bool GzipReader::UnpackOnce(QByteArray &body, qsizetype limit)
 {
     z_stream &zlib = m_stream->zlib;

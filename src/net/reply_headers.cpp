@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::chrono::seconds kLongestPause = 1h;
 
-// Larger counts of seconds mean "for ever", which 68 years are; so no sum overflows.
+// Larger counts of seconds become this one: 68 years are as good as for ever, and no sum overflows.
 constexpr qint64 kMostSeconds = 2147483648;
 
 constexpr qsizetype kLongestDate = 40; // the longest form has 33 characters
@@ -23,7 +23,7 @@ bool IsDigit(char byte)
     return byte >= '0' && byte <= '9';
 }
 
-/// The number that `text` writes in digits alone, at most kMostSeconds.
+/// The number in `text`, which must be digits only; at most kMostSeconds.
 std::optional<qint64> Digits(QByteArrayView text)
 {
     if (text.isEmpty() || !std::all_of(text.begin(), text.end(), IsDigit))
@@ -50,7 +50,7 @@ std::vector<QByteArrayView> Words(QByteArrayView text)
     return words;
 }
 
-/// "08:49:37"; invalid when it is no time.
+/// A time such as "08:49:37"; invalid if it is none.
 QTime TimeOf(QByteArrayView text)
 {
     if (text.size() != 8 || text[2] != ':' || text[5] != ':')
@@ -90,7 +90,7 @@ std::optional<QDateTime> MomentOf(const DateWords &words, const QDateTime &now)
                                             : std::nullopt;
 }
 
-/// A date in one of the three forms that HTTP has. The day of the week is not looked at.
+/// A date in one of HTTP's three forms. The day of the week is ignored.
 std::optional<QDateTime> HttpDate(QByteArrayView text, const QDateTime &now)
 {
     if (text.size() > kLongestDate)
@@ -107,7 +107,8 @@ std::optional<QDateTime> HttpDate(QByteArrayView text, const QDateTime &now)
     return std::nullopt;
 }
 
-/// Cuts the first directive off `rest`: up to a comma that is not inside quotes.
+/// Removes the first directive from `rest`, up to a comma that is not inside quotes, and returns
+/// it.
 QByteArrayView NextDirective(QByteArrayView &rest)
 {
     bool isQuoted = false;
@@ -135,7 +136,7 @@ bool IsNamed(QByteArrayView directive, QByteArrayView name)
     return directive.compare(name, Qt::CaseInsensitive) == 0;
 }
 
-/// What a Cache-Control header comes to.
+/// What a Cache-Control header says.
 struct Caching
 {
     bool isForbidden = false;
@@ -172,7 +173,7 @@ std::optional<std::chrono::seconds> RetryAfter(QByteArrayView text, const QDateT
     const auto date = HttpDate(text, now);
     if (!date)
         return std::nullopt;
-    // Rounded up: a moment too early is one request for nothing.
+    // Rounded up: a moment too early would waste a request.
     const auto wait =
         std::chrono::ceil<std::chrono::seconds>(std::chrono::milliseconds(now.msecsTo(*date)));
     return std::clamp(wait, std::chrono::seconds(0), kLongestPause);
@@ -197,8 +198,8 @@ void ApplyHeaders(const ReplyHeaders &headers, const QDateTime &now, Reply &repl
     if (reply.error != 0)
         reply.retryAfter = RetryAfter(headers.retryAfter, now);
     if (reply.error != 0 && reply.status != kNotModified)
-        return; // an error page's own version is nobody's business
-    // Latin-1 gives each byte its character, and so the same byte back in a later request.
+        return; // nobody needs the version of an error page
+    // Latin-1 maps each byte to one character, so a later request sends the same bytes back.
     reply.validators = {.eTag = QString::fromLatin1(headers.eTag),
                         .lastModified = QString::fromLatin1(headers.lastModified)};
     reply.freshUntil = FreshUntil(headers, now);

@@ -16,7 +16,7 @@ bool BeginsWith(QByteArrayView url, QByteArrayView scheme)
     return url.first(std::min(url.size(), scheme.size())).compare(scheme, Qt::CaseInsensitive) == 0;
 }
 
-/// What follows "http://" or "https://"; empty when `url` begins with neither.
+/// What follows "http://" or "https://"; empty if `url` begins with neither.
 QByteArrayView AfterScheme(QByteArrayView url)
 {
     for (const QByteArrayView scheme : {kHttp, kHttps}) {
@@ -34,14 +34,14 @@ bool NamesHost(QByteArrayView afterScheme)
 
 bool GoesAsItIs(char byte)
 {
-    return byte > ' ' && byte < '\x7F'; // also false for the negative ones, those outside ASCII
+    return byte > ' ' && byte < '\x7F'; // also false beyond ASCII, where a byte is negative
 }
 
 } // namespace
 
 std::optional<QByteArray> RequestUrl(QStringView url)
 {
-    // Qt would write a "?" for half a surrogate pair, which begins a query.
+    // Qt would turn half a surrogate pair into a "?", which begins a query.
     return RequestUrl(QByteArrayView(WithoutLoneSurrogates(url.toString()).toUtf8()));
 }
 

@@ -17,19 +17,20 @@ namespace {
 constexpr auto kLongestWait = std::chrono::milliseconds(1h);
 constexpr auto kPauseAfterFailure = 1s;
 
-// As many as the program ever has on their way: the six of a zone list, weather and forecast. The
-// library's own limit follows the transfers of the moment, and closes some whenever all have ended.
+// As many as the program ever has open at once: the six of a zone list, weather and forecast.
+// libcurl's own limit follows the number of running transfers, and closes some whenever all have
+// ended.
 constexpr long kKeptConnections = 8;
 
-/// Readies libcurl once for the process; it stays so to the end, others may use it too.
+/// Initialises libcurl once for the process. It is never cleaned up: others may use it, too.
 bool CurlIsReady()
 {
     static const CURLcode result = curl_global_init(CURL_GLOBAL_DEFAULT);
     return result == CURLE_OK;
 }
 
-/// Signals are for the program's first thread. This also holds SIGPIPE back, which a connection
-/// that was closed by the other side would send us otherwise.
+/// Leaves signals to the program's first thread. This also blocks SIGPIPE, which the system sends
+/// on a write to a connection that the other side has closed.
 void BlockSignals()
 {
     sigset_t all;
@@ -80,7 +81,7 @@ private:
     std::vector<Command> m_commands; ///< Guarded by m_mutex.
     MultiHandle m_multi; ///< Guarded by m_mutex where it is woken and where it is closed.
     const bool m_usable;
-    std::jthread m_network; ///< Last: joined before what it uses goes away.
+    std::jthread m_network; ///< Last: joined before what it uses is destroyed.
 };
 
 TransferThread::Engine::Engine(TransferOptions options)
@@ -120,7 +121,7 @@ void TransferThread::Engine::Run(const std::stop_token &stop)
         Wait(EndIdle(), stop);
     }
     m_fetches.clear();
-    // Closed here, where SIGPIPE is held back: saying good-bye on TLS connections writes to them.
+    // Closed here, where SIGPIPE is blocked: closing a TLS connection writes to it.
     const std::scoped_lock lock(m_mutex);
     m_multi.reset();
 }
@@ -176,7 +177,7 @@ void TransferThread::Engine::Drive()
     }
 }
 
-/// The easy handle goes first: who sees the reply may count on that.
+/// The easy handle goes first: whoever sees the reply may rely on that.
 void TransferThread::Engine::End(Fetch &fetch, Reply reply)
 {
     const std::shared_ptr<Transfer> transfer = fetch.Target();
@@ -193,8 +194,8 @@ void TransferThread::Engine::EndAll(CURLMcode code)
     }
 }
 
-/// Gives up the fetches that had no byte for too long.
-/// @return how long the others may still be waited for.
+/// Ends the fetches that have received nothing for too long.
+/// @return how long the others may still wait.
 std::chrono::milliseconds TransferThread::Engine::EndIdle()
 {
     const auto now = Fetch::Clock::now();
@@ -216,7 +217,7 @@ void TransferThread::Engine::Wait(std::chrono::milliseconds longest, const std::
     const int milliseconds = static_cast<int>(longest.count());
     if (curl_multi_poll(m_multi.get(), nullptr, 0, milliseconds, nullptr) == CURLM_OK)
         return;
-    // Without memory or descriptors nothing can be waited for: look again later, do not spin.
+    // Without memory or descriptors waiting is impossible: look again later, do not spin.
     std::unique_lock lock(m_mutex);
     m_posted.wait_for(lock, stop, kPauseAfterFailure, [this] { return !m_commands.empty(); });
 }

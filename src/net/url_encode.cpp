@@ -10,7 +10,7 @@ static_assert(kEscaped.size() == 17);
 constexpr qsizetype kEscapeLength = 3;
 constexpr QStringView kDigits = u"0123456789ABCDEF";
 
-/// The value of one hexadecimal digit, small letters not being digits here; -1: none.
+/// The value of one hexadecimal digit, in upper case only; -1: none.
 qsizetype DigitValue(QChar digit)
 {
     return kDigits.indexOf(digit);
@@ -44,7 +44,7 @@ QString UrlEncode(QStringView text)
     QString encoded;
     encoded.reserve(text.size() * kEscapeLength);
     for (qsizetype i = 0; i < text.size(); ++i) {
-        // The digits of a kept escape are no escaped characters: they follow by themselves.
+        // The digits of a kept escape are not escaped characters, so they are simply copied.
         if (!kEscaped.contains(text[i]) || IsEscape(text.sliced(i)))
             encoded.append(text[i]);
         else
