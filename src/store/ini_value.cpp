@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A character that a value cannot hold as it is, and what stands for it in the file.
+/// A character that a value cannot hold as it is, and its token in the file.
 struct Escape
 {
     QLatin1StringView token = {};
@@ -33,8 +33,8 @@ const Escape *EscapeOf(char c)
     return found == kEscapes.end() ? nullptr : found;
 }
 
-/// Works on bytes, in which the escaped characters are themselves in every encoding: a value may be
-/// as long as a whole reply. The order of the escapes makes no difference here, because no token
+/// Works on bytes, because a value may be as long as a whole reply; in every encoding the escaped
+/// characters are single bytes. The order of the escapes makes no difference here, because no token
 /// holds a character that another one stands for.
 QByteArray WithTokens(const QByteArray &value)
 {
@@ -58,7 +58,7 @@ QByteArray WithTokens(const QByteArray &value)
 QString Decoded(QStringView stored)
 {
     QString value = TrimSpaces(stored).toString();
-    if (!value.contains(u'[')) // as nearly all are
+    if (!value.contains(u'[')) // nearly every value
         return value;
     for (const Escape &escape : kEscapes)
         value.replace(escape.token, QString(QLatin1Char(escape.character)));
@@ -83,7 +83,7 @@ QString ReadIniValue(const PrivateProfile &profile, QStringView section, QString
 void WriteIniValue(PrivateProfile &profile, QStringView section, QStringView key, QStringView value,
                    bool encode)
 {
-    // With tokens there is no space left that could be taken away.
+    // With tokens there is no outer space left to trim.
     if (encode)
         profile.SetEncodedValue(section, key, WithTokens(profile.Encoded(value)));
     else

@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a pair holds until a reading came in: every temperature is below the one, above the other.
+// What a pair holds before its first reading: every temperature is below the one and above the
+// other.
 constexpr double kNeutralMin = 1000;
 constexpr double kNeutralMax = -1000;
 
@@ -29,7 +30,7 @@ void WriteDay(IniFile &file, qint16 day, double min, double max)
     WriteIniValue(file, DaySection(day), u"MAX", NumberToText(max), true);
 }
 
-/// Reads the pair of a day. A number too large to be one leaves its value as it is.
+/// Reads the pair of a day. A number beyond a double leaves its value as it is.
 void ReadDay(const IniFile &file, qint16 day, double &min, double &max)
 {
     const QString section = DaySection(day);
@@ -37,14 +38,14 @@ void ReadDay(const IniFile &file, qint16 day, double &min, double &max)
     max = LeadingNumber(ReadIniValue(file, section, u"MAX", u"-1000")).value_or(max);
 }
 
-/// A day number in the file; 0 when its text is no 16-bit whole number.
+/// A day number in the file; 0 if its text is not a whole number of 16 bits.
 qint16 ReadDayNumber(const IniFile &file, QStringView key)
 {
     const auto number = WholeTextNumber(ReadIniValue(file, kGeneral, key, u"-1000"));
     return number ? ToInt16(*number).value_or(0) : qint16(0);
 }
 
-/// Takes a reading of the same day into today's pair.
+/// Widens today's pair by a reading of the same day.
 void WidenToday(MinMaxTemps &minMax, IniFile &file, double temp)
 {
     minMax.TodayMaxTemp = std::max(minMax.TodayMaxTemp, temp);
@@ -55,8 +56,8 @@ void WidenToday(MinMaxTemps &minMax, IniFile &file, double temp)
 /// Today's pair becomes the previous one, and the reading begins the new day `currDay`.
 void RollOver(MinMaxTemps &minMax, IniFile &file, qint16 currDay, double temp)
 {
-    // The old day's section gets the pair of the day before it, not its own: its own pair, written
-    // there by each of its readings, is from here on kept in memory only.
+    // The old day's section gets the pair of the day before it. Its own pair, which each of its
+    // readings has written there, is only in memory from now on.
     WriteDay(file, minMax.MinMaxDay, minMax.PrevMinTemp, minMax.PrevMaxTemp);
     minMax.PrevMinTemp = minMax.TodayMinTemp;
     minMax.PrevMaxTemp = minMax.TodayMaxTemp;

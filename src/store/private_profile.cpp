@@ -9,14 +9,14 @@
 namespace {
 
 constexpr QByteArrayView kLineEnd = "\r\n";
-constexpr qsizetype kLongestValue = 4095; // a reader's buffer of 4096 less its closing NUL
+constexpr qsizetype kLongestValue = 4095; // a reader's buffer of 4096, less the closing NUL
 
 bool IsLineEnd(char c)
 {
     return c == '\r' || c == '\n';
 }
 
-/// What is ignored at both ends of lines and names. The byte 0xA0 is an ordinary character.
+/// Ignored at both ends of lines and names. The byte 0xA0 is an ordinary character.
 bool IsBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\v' || c == '\f';
@@ -54,8 +54,8 @@ QByteArrayView TrimBlanks(QByteArrayView bytes)
     return bytes;
 }
 
-/// Takes bytes apart into lines with their line ends. The lines are parts of `bytes`, which has to
-/// outlive them.
+/// Splits bytes into lines with their line ends. The lines are parts of `bytes`, which must outlive
+/// them.
 QByteArrayList SplitLines(QByteArrayView bytes)
 {
     const auto next = [bytes](char c, qsizetype from) {
@@ -93,14 +93,15 @@ QByteArrayView HeaderName(QByteArrayView line)
     return TrimBlanks(close < 0 ? line.sliced(1) : line.sliced(1, close - 1));
 }
 
-/// A line that is a key line: what stands on both sides of the "=".
+/// A key line: what is on both sides of the "=".
 struct KeyText
 {
     QByteArrayView name = {};
-    QByteArrayView value = {}; ///< Without blanks at the ends, quotes included.
+    QByteArrayView value = {}; ///< Without outer blanks, but with its quotes.
 };
 
-/// `line` is neither empty nor a comment nor a header, and has no blanks at the ends.
+/// @param line neither empty nor a comment nor a header, and without outer blanks.
+/// @return nothing if it is no key line.
 std::optional<KeyText> KeyTextOf(QByteArrayView line)
 {
     const qsizetype equals = line.indexOf('=');
@@ -115,7 +116,7 @@ KeyText KnownKeyText(QByteArrayView line)
     return KeyTextOf(TrimBlanks(WithoutLineEnd(line))).value_or(KeyText());
 }
 
-/// A line that ends.
+/// A key line with its line end.
 QByteArray KeyLine(QByteArrayView name, QByteArrayView value)
 {
     QByteArray line;
@@ -131,7 +132,7 @@ QByteArrayView WithoutQuotePair(QByteArrayView bytes)
     return quoted ? bytes.sliced(1, bytes.size() - 2) : bytes;
 }
 
-/// Letter by letter, so that no letter becomes two and different names stay different.
+/// Letter by letter, so that no letter becomes two and different names remain different.
 QString FoldCase(QString text)
 {
     for (QChar &c : text) {
@@ -221,12 +222,12 @@ QByteArrayList PrivateProfile::Pieces() const
     return pieces;
 }
 
-/// Notes the sections and keys that count. It looks at the beginning and end of each line only, so
-/// long values cost nothing.
+/// Indexes the sections and keys that count. It only looks at the beginning and end of each line,
+/// so long values cost nothing.
 void PrivateProfile::Index()
 {
     m_sections.clear();
-    Section ignored; // takes the keys ahead of the first header, and those of repeated sections
+    Section ignored; // gets the keys before the first header, and those of repeated sections
     Section *current = &ignored;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
         const QByteArrayView text = TrimBlanks(WithoutLineEnd(m_lines[i]));
@@ -245,36 +246,36 @@ void PrivateProfile::Index()
     }
 }
 
-/// The line of a key, -1 when there is none.
+/// The line of a key; -1 if there is none.
 qsizetype PrivateProfile::FindLine(QStringView section, QStringView key) const
 {
     const auto found = m_sections.constFind(AskedName(section));
     return found == m_sections.constEnd() ? -1 : found->keys.value(AskedName(key), -1);
 }
 
-/// Puts whole lines ahead of the line `at`, and ends the line in front of them if it is open.
+/// Inserts whole lines before the line `at`, and ends the line before them if it is open.
 void PrivateProfile::InsertLines(qsizetype at, const QByteArray &text)
 {
-    // A file that holds nothing but a mark has a first line without an end, too.
+    // A mark with nothing after it is a first line without an end, too.
     if (at > 0 && !IsLineEnd(m_lines[at - 1].back()))
         m_lines[at - 1] += kLineEnd;
     else if (at == 0 && !m_encoding.Mark().isEmpty())
         m_lines.insert(at++, kLineEnd.toByteArray());
 
-    // One line keeps the memory it has, which may be megabytes.
+    // A single line is not copied: it may be megabytes long.
     const QByteArrayList lines = SplitLines(text);
     for (const QByteArray &line : lines)
         m_lines.insert(at++, lines.size() == 1 ? text : QByteArray(line.data(), line.size()));
     Index();
 }
 
-/// The form in which the name that stands in the file is looked up.
+/// The form in which a name in the file is looked up.
 QString PrivateProfile::LookupName(QByteArrayView stored) const
 {
     return FoldCase(IsAscii(stored) ? QString::fromLatin1(stored) : m_encoding.Decoded(stored));
 }
 
-/// The form in which the name that a caller gives is looked up: as it would stand in the file.
+/// The form in which a caller's name is looked up: as it would be in the file.
 QString PrivateProfile::AskedName(QStringView given) const
 {
     given = TrimSpaces(UpToNul(given));

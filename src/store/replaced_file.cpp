@@ -28,8 +28,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Between the file's name and the random part, and after it. No other file is named like this by
-// chance, as one might be called "Weather.ini.backup".
+// Between the file's name and the random part, and after it. Nobody names another file like this by
+// chance, as they might choose "Weather.ini.backup".
 constexpr auto kMarker = ".TavrinWeather-"_L1;
 constexpr auto kEnding = ".tmp"_L1;
 
@@ -38,7 +38,7 @@ constexpr int kMostDigits = 16; // of the random part, hexadecimal
 constexpr int kMaxLinks = 40; // as many as the system itself follows
 
 /// The file that `path` finally names, so that replacing it leaves symbolic links as they are.
-/// Nothing when the links run in a circle.
+/// Nothing if the links run in a circle.
 std::optional<QString> LinkTarget(QString path)
 {
     for (int i = 0; i < kMaxLinks; ++i) {
@@ -136,9 +136,9 @@ WriteError SystemError(int number)
             QString::fromStdString(std::generic_category().message(number))};
 }
 
-/// Why what is in the place of `path` must not be replaced; nothing when it may be, or when there
-/// is nothing. Renaming asks for no right to the old file: who may not write it must not do so by
-/// the back door either.
+/// Why what is at `path` must not be replaced; no error if it may be, or if there is nothing.
+/// Renaming needs no right to the old file, but whoever may not write it must not replace it,
+/// either.
 WriteError Obstacle(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -149,13 +149,13 @@ WriteError Obstacle(const QString &path)
         return SystemError(EISDIR);
     if (!S_ISREG(old.st_mode))
         return {WriteError::Kind::NotAFile, u"a pipe, socket or device is in its place"_s};
-    // The system knows of access lists, file systems and superusers; the mode does not.
+    // Ask the system: it knows of access lists, file systems and superusers, the mode does not.
     if (::faccessat(AT_FDCWD, name.constData(), W_OK, AT_EACCESS) != 0)
         return SystemError(errno);
     return {};
 }
 
-/// Fills the new file `name`, which is open as `file`, and puts it in the place of `path`.
+/// Fills the new file `name`, which is open as `file`, and renames it to `path`.
 WriteError FillAndRename(QFile &file, const QString &name, const QString &path,
                          const QByteArrayList &pieces)
 {
@@ -169,7 +169,7 @@ WriteError FillAndRename(QFile &file, const QString &name, const QString &path,
     return {};
 }
 
-/// `path` is no link.
+/// @param path not a link.
 WriteError Replace(const QString &path, const QByteArrayList &pieces)
 {
     if (WriteError error = Obstacle(path); error.IsError())

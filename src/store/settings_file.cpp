@@ -42,7 +42,7 @@ void Write(PrivateProfile &file, QStringView key, QStringView value)
     WriteIniValue(file, kSettings, key, value, true);
 }
 
-/// One of the texts that the key may have; anything else counts as no key.
+/// The minutes, if the key has one of its texts; anything else counts as no key.
 std::optional<int> CheckIntervalOf(const PrivateProfile &file)
 {
     const std::optional<QString> text = Find(file, u"CheckInterval");
@@ -70,7 +70,7 @@ std::optional<QString> ApplySettings(Settings &settings, const PrivateProfile &f
     }
     ApplyText(settings.ForecastZone, file, kSettings, u"ForecastZone");
     ApplyText(settings.ForecastState, file, kSettings, u"ForecastState");
-    // Unlike the flag above, a box is on for every text but this one.
+    // Unlike the flag above, a box is on for every text but "False".
     for (std::size_t n = 0; n < settings.ForecastSched.size(); ++n) {
         if (const auto box = Find(file, ScheduleKey(n)))
             settings.ForecastSched[n] = *box != kFalse;
@@ -102,7 +102,7 @@ LoadedSettings LoadSettings(const IniPath &path)
     IniFile file(path);
     LoadedSettings loaded = ReadSettings(file.Profile());
     if (loaded.settings.IsFirstRun) {
-        // Only once: from here on the file says so, even if the program does not exit cleanly.
+        // At once, so that the file says so even if the program does not exit cleanly.
         Write(file.Profile(), u"FirstRun", kFalse);
         file.Commit();
     }

@@ -20,7 +20,7 @@ void SettingsRecovery::Apply(Settings &settings)
 void SettingsRecovery::Keep(const Settings &settings)
 {
     const bool changed = m_kept && *m_kept != settings;
-    m_kept = settings; // also if storing fails: the next change tries again, not every second
+    m_kept = settings; // even if storing fails: the next change tries again, not every second
     if (changed)
         SaveSettings(m_path, settings);
 }
