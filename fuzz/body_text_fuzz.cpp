@@ -26,9 +26,9 @@ void CheckCharset(const QByteArray &charset, const QByteArray &source)
 
 } // namespace
 
-// The contract: every body has a text, which never holds half a surrogate pair. Where nothing names
-// an encoding it is UTF-8 or Windows-1252; where a header names one of these it is that one,
-// whatever the page says; a page of plain ASCII is itself.
+// The contract: every body becomes a text without half a surrogate pair. If nothing names an
+// encoding, it is UTF-8 or Windows-1252; if the header names one of these, it is that one, whatever
+// the page says; a page of plain ASCII stays as it is.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

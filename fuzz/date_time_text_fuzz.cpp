@@ -82,9 +82,8 @@ void CheckText(const QString &text)
 
 } // namespace
 
-// The contract: a text that denotes a moment has one that is written and read again as the same;
-// its case and the number of its blanks say nothing. Each line is a text; as a number it is a
-// moment in seconds.
+// The contract: the moment that a text denotes can be written and read again as the same; case and
+// the number of blanks do not matter. Each line is a text; as a number it is a moment in seconds.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

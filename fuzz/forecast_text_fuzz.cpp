@@ -21,7 +21,7 @@ QString PlainForecast(QString text, const QString &zoneCode)
 } // namespace
 
 // The contract: the end of the product and its tables never go on air, every line ends in CR LF,
-// and the text is the one that the steps give one by one.
+// and the text is what the steps make one by one.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

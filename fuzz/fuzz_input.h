@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// The input of a fuzz target: some fields of one line each, and behind them the rest. So a seed is
-/// a text that anybody can read and write.
+/// The input of a fuzz target: some fields of one line each, then the rest. So a seed is a text
+/// that anybody can read and write.
 class FuzzInput
 {
 public:
@@ -27,7 +27,7 @@ public:
         return line.toByteArray();
     }
 
-    /// Everything up to the next `line`, or to the end when there is none.
+    /// Everything up to the next `line`, or to the end if there is none.
     [[nodiscard]] QByteArray UpTo(const QByteArray &line)
     {
         const QByteArray end = '\n' + line + '\n';
@@ -43,7 +43,7 @@ private:
     QByteArrayView m_rest;
 };
 
-/// A text of UTF-8. U+E000 and U+E001 stand for the halves of a surrogate pair, which UTF-8 lacks.
+/// Decodes UTF-8. U+E000 and U+E001 stand for the halves of a surrogate pair, which UTF-8 lacks.
 inline QString TextOf(QByteArrayView bytes)
 {
     return QString::fromUtf8(bytes)
@@ -51,7 +51,7 @@ inline QString TextOf(QByteArrayView bytes)
         .replace(QChar(0xE001), QChar(0xDE00));
 }
 
-/// Ends the program with `contract` on the console unless it `holds`.
+/// Aborts with `contract` on the console unless it `holds`.
 inline void Demand(bool holds, const char *contract)
 {
     if (holds)

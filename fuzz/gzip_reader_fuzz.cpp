@@ -46,7 +46,7 @@ QByteArray Packed(const QByteArray &text)
     return packed;
 }
 
-/// Whatever comes in, the pieces it comes in make no difference.
+/// However the bytes are split, the result is the same.
 void CheckForeign(const QByteArray &bytes, qsizetype piece)
 {
     const Unpacked whole = Unpack(bytes, std::max<qsizetype>(bytes.size(), 1));
@@ -60,7 +60,7 @@ void CheckForeign(const QByteArray &bytes, qsizetype piece)
         Demand(!pieces.accepted, "what is no gzip is none in pieces");
 }
 
-/// What was packed comes out again, and nothing that breaks off counts as complete.
+/// What was packed comes out again, and nothing truncated counts as complete.
 void CheckOwn(const QByteArray &text, qsizetype piece, qsizetype cut)
 {
     const QByteArray packed = Packed(text);
@@ -74,8 +74,8 @@ void CheckOwn(const QByteArray &text, qsizetype piece, qsizetype cut)
 
 } // namespace
 
-// The contract: a body comes out the same in whatever pieces it comes in, never beyond the limit,
-// and is complete with its last checksum only. The first two bytes say how it is cut.
+// The contract: a body comes out the same however it is split, never beyond the limit, and is only
+// complete with its last checksum. The first two bytes say how it is split.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     if (size < 2)

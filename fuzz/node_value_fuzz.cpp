@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Looking for the tags with care finds what is there, and nothing else.
+/// FindNode() finds the tags that are there, and nothing else.
 void CheckPlace(const QString &data, const PlainQuery &query)
 {
     QString close = query.close;
@@ -29,9 +29,9 @@ void CheckPlace(const QString &data, const PlainQuery &query)
 
 } // namespace
 
-// The contract: never an empty text; a profile that says so is believed without a search; after a
-// search the closing tag is resolved and the caller's text has no tab left; the value is the one
-// that the plain version cuts out.
+// The contract: the value is never empty, and is the one that the plain version cuts out; a profile
+// is believed without a search if it says that the service lacks the quantity; after a search the
+// closing tag is resolved and the caller's text has no tab left.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A number as decimal digits on both sides of the point, with no zero too many.
+/// A number's decimal digits on both sides of the point, without superfluous zeros.
 struct Digits
 {
     QByteArray ahead = {};
@@ -48,7 +48,7 @@ void RoundOnPaper(Digits &digits, qsizetype decimals)
         digits.behind.chop(1);
 }
 
-/// `value` in a picture of places, commas and one point.
+/// `value` formatted by a picture of places, commas and one point.
 QString PlainFormat(double value, const QString &picture)
 {
     const qsizetype point = picture.indexOf('.');
@@ -91,8 +91,8 @@ void CheckOneDecimal(double value)
 
 } // namespace
 
-// The contract: every number has a text in every picture; an empty picture is number to text;
-// pictures of places alone agree with sums on paper.
+// The contract: every picture formats every number; an empty picture gives NumberToText(); pictures
+// of places alone agree with a sum on paper.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     constexpr qsizetype kLongestNumber = 2000; // a double's digits and a comma for every third

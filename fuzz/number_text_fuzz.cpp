@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The C library's reading of what a pattern finds at the front.
+/// What a pattern finds at the front, as the C library reads it.
 std::optional<double> PlainLeadingNumber(const QString &text)
 {
     static const QRegularExpression number(
@@ -66,7 +66,7 @@ void CheckText(double value)
     Demand(text != "-0", "zero has no sign");
     Demand(text == PlainText(value), "the plain version's text");
 
-    // Rounded up to fifteen digits, the very largest numbers lie beyond the end of all doubles.
+    // Rounded up to fifteen digits, the very largest numbers exceed the largest double.
     const std::optional<double> again = LeadingNumber(text);
     if (std::abs(value) > 1.79769313486231e308)
         return;
@@ -103,7 +103,7 @@ void CheckReading(const QString &text)
 
 // The contract: every text has a number or overflows; every number has a text of at most fifteen
 // digits that stays the same when it is read and written again. The first line is read as text and
-// as the bytes of a double, so that numbers come about that no short text denotes.
+// as the bytes of a double, to reach numbers that no short text denotes.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

@@ -5,9 +5,9 @@
 
 #include <optional>
 
-// The rules of private-profile files said once more, line by line over copies of bytes in which
-// line ends, blanks, quotes, brackets and "=" are themselves. Names are ASCII and exact but for the
-// case of A-Z.
+// The rules of private-profile files, written a second time as plainly as possible: line by line,
+// on copies of bytes in which line ends, blanks, quotes, brackets and "=" are single bytes. Names
+// are ASCII, compared without regard to the case of A-Z.
 
 inline QByteArrayList PlainLines(const QByteArray &bytes)
 {
@@ -48,7 +48,7 @@ inline QByteArray PlainText(QByteArray line)
     return PlainStripped(line);
 }
 
-/// The section that a line begins; nothing when it begins none.
+/// The section that a line begins; nothing if it begins none.
 inline std::optional<QByteArray> PlainHeader(const QByteArray &line)
 {
     const QByteArray text = PlainText(line);
@@ -58,7 +58,7 @@ inline std::optional<QByteArray> PlainHeader(const QByteArray &line)
     return PlainStripped(close < 0 ? text.mid(1) : text.mid(1, close - 1));
 }
 
-/// The key of a line; nothing when it is no key line.
+/// The key of a line; nothing if it is not a key line.
 inline std::optional<QByteArray> PlainKey(const QByteArray &line)
 {
     const QByteArray text = PlainText(line);
@@ -72,11 +72,11 @@ inline bool PlainSame(const QByteArray &a, const QByteArray &b)
     return a.toLower() == b.toLower();
 }
 
-/// Where a key stands, and where a new one of its section goes.
+/// Where a key is, and where a new one of its section goes.
 struct PlainPlace
 {
     qsizetype key = -1;    ///< Line of the key; -1: there is none.
-    qsizetype newKey = -1; ///< Line ahead of which a new key goes; -1: there is no such section.
+    qsizetype newKey = -1; ///< Line before which a new key goes; -1: there is no such section.
 };
 
 inline PlainPlace PlainFind(const QByteArrayList &lines, const QByteArray &section,
@@ -99,7 +99,7 @@ inline PlainPlace PlainFind(const QByteArrayList &lines, const QByteArray &secti
     return place;
 }
 
-/// What stands behind the "=" of a key line, up to a NUL.
+/// What follows the "=" of a key line, up to a NUL.
 inline QByteArray PlainStored(const QByteArray &line)
 {
     const QByteArray text = PlainText(line);
@@ -107,7 +107,7 @@ inline QByteArray PlainStored(const QByteArray &line)
     return PlainStripped(value.contains('\0') ? value.left(value.indexOf('\0')) : value);
 }
 
-/// A value without the one pair of quotes that may stand round it.
+/// A value without the pair of quotes that may enclose it.
 inline QByteArray PlainUnquoted(const QByteArray &value)
 {
     const bool quoted = value.size() > 1 && (value.front() == '"' || value.front() == '\'')
@@ -115,7 +115,7 @@ inline QByteArray PlainUnquoted(const QByteArray &value)
     return quoted ? value.mid(1, value.size() - 2) : value;
 }
 
-/// The lines of a file with one value written. A mark ahead of the lines is no line end.
+/// The lines of a file with one value written. A mark before the lines is not a line end.
 inline QByteArray PlainWritten(const QByteArray &bytes, bool marked, const QByteArray &section,
                                const QByteArray &key, const QByteArray &value)
 {

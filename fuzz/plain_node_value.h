@@ -12,8 +12,8 @@
 #include <cmath>
 #include <optional>
 
-// The node value said once more, step by step with whole texts and positions from 1 on: slow, and
-// as plain as can be.
+// GetNodeValue() written a second time, step by step, with whole texts and positions from 1 on:
+// slow, but as plain as can be.
 
 struct PlainQuery
 {
@@ -42,7 +42,7 @@ inline QString PlainLineEnd(const QString &close)
     return close == "%CR%" ? "\r" : close == "%LF%" ? "\n" : close;
 }
 
-/// The text after one item of a factor; nothing when the step fails.
+/// The text after one item of a factor; nothing if the step fails.
 inline std::optional<QString> PlainOperation(const QString &text, const QString &item,
                                              const QDateTime &now)
 {
@@ -78,7 +78,7 @@ inline QString PlainFactor(QString text, const QString &factor, const QDateTime 
     return text;
 }
 
-/// The text behind the opening tag and the prefix.
+/// The text after the opening tag and the prefix.
 inline QString PlainBehindTags(const QString &data, const PlainQuery &query)
 {
     const qsizetype open = data.indexOf(query.open) + 1;

@@ -14,7 +14,7 @@ namespace {
 const QByteArray kUtf8Mark = "\xEF\xBB\xBF";
 const QByteArray kUtf16Mark = "\xFF\xFE";
 
-/// A file taken apart as far as its encoding goes.
+/// A file, split as far as its encoding goes.
 struct PlainFile
 {
     enum class Encoding
@@ -25,9 +25,9 @@ struct PlainFile
     };
     CodePage codePage = CodePage::Utf8;
     Encoding encoding = Encoding::Windows1252;
-    QByteArray mark = {};  ///< Is no part of the first line.
-    QByteArray lines = {}; ///< In a form in which the rules can be applied.
-    QByteArray tail = {};  ///< A stray byte behind the last line.
+    QByteArray mark = {};  ///< Not part of the first line.
+    QByteArray lines = {}; ///< In a form to which the rules can be applied.
+    QByteArray tail = {};  ///< A stray byte after the last line.
 };
 
 PlainFile Opened(const QByteArray &bytes, CodePage codePage)
@@ -154,14 +154,14 @@ void CheckWriting(PrivateProfile &profile, const PlainFile &file, const Asked &a
     const PrivateProfile again(written, file.codePage);
     Demand(again.Bytes() == written, "what was written stays");
     if (stored.contains('\r') || stored.contains('\n'))
-        return; // a value of several lines is the writer's business
+        return; // a value of several lines is up to the writer
     Demand(Found(profile, asked) == PlainRead(file, stored), "it is read back");
-    // A first character beyond ASCII may make another encoding of a file that had none.
+    // The first character beyond ASCII may settle the encoding of a file that had none.
     if (Opened(written, file.codePage).encoding == file.encoding)
         Demand(Found(again, asked) == PlainRead(file, stored), "others read it, too");
 }
 
-/// A name that stays what it is in a file.
+/// A name that a file keeps unchanged.
 QByteArray NameOf(QByteArray line)
 {
     line.removeIf([](char c) { return c <= ' ' || c > '~' || c == ']' || c == '=' || c == '['; });
@@ -170,10 +170,10 @@ QByteArray NameOf(QByteArray line)
 
 } // namespace
 
-// The contract: an image that nothing was written to keeps its bytes. Writing changes the bytes as
-// the plain version does, that is the value's line, and a line end behind an unended last line.
-// What is read is what the plain version reads, before and after, from the image and from a file
-// made of its bytes. The words of the first line say what is done.
+// The contract: an image keeps its bytes until it is written to. Writing changes the bytes as the
+// plain version does: the value's line, and a line end after a last line that has none. Reading
+// gives what the plain version reads, before and after, from the image and from a file made of its
+// bytes. The words of the first line choose what is done.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Every text of a profile that stays when it is cleared, and none that does not.
+/// Clearing a profile keeps what it should keep, and nothing else.
 void CheckCleared(WeatherProfile profile)
 {
     profile.values[Quantity::Time] = "12:51 PM";
@@ -81,7 +81,7 @@ void CheckForecast(const PrivateProfile &file)
 } // namespace
 
 // The contract: each slot holds what the file's section says key by key, a slot without a title
-// stays as it was, and clearing leaves what is to stay.
+// stays as it was, and clearing keeps what should stay.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

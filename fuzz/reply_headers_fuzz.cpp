@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 const QDateTime kNow(QDate(2026, 11, 21), QTime(19, 5), Qt::UTC);
 
-/// Digits alone, blanks at the ends aside.
+/// Only digits, except for blanks at the ends.
 bool IsCount(const QByteArray &text)
 {
     const QByteArray digits = text.trimmed();
@@ -58,8 +58,8 @@ void CheckFreshness(const ReplyHeaders &headers)
 
 } // namespace
 
-// The contract: whatever the headers hold, a wait lies between nothing and an hour, and a moment is
-// one in UTC.
+// The contract: whatever the headers hold, a wait is between nothing and an hour, and a moment is
+// in UTC.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

@@ -43,8 +43,8 @@ void Check(const QByteArray &url, const std::optional<QByteArray> &sent)
 
 } // namespace
 
-// The contract: an address goes out as ASCII without blanks and control characters, or not at all;
-// text and bytes alike.
+// The contract: an address is sent as ASCII without blanks and control characters, or not at all,
+// whether it is text or bytes.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     const QByteArray raw = FuzzInput(bytes, size).Rest();

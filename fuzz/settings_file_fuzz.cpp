@@ -6,7 +6,7 @@
 
 namespace {
 
-/// True when a text comes back from a file as it went in.
+/// True when a text comes back from a file unchanged.
 bool Survives(const QString &text, CodePage codePage)
 {
     constexpr qsizetype kLongest = 4095;
@@ -33,7 +33,7 @@ bool Survive(const Settings &settings, CodePage codePage)
     return survive;
 }
 
-/// What `taken` is where `file` has the key, and what it was before where it has not.
+/// `taken` is the file's text if `file` has the key, else what it was `before`.
 void CheckText(const PrivateProfile &file, const QString &section, const QString &key,
                const QString &before, const QString &taken)
 {
@@ -77,10 +77,10 @@ void CheckPut(PrivateProfile &file, const Settings &settings, CodePage codePage)
 
 } // namespace
 
-// The contract: a file's settings take the place of those before, one by one, and what it lacks
-// stays to the last blank, for the settings file and for a recovery file behind it. What was put
-// into a file comes out of it again, whatever other lines it holds; that takes long and is done
-// when the first line says so.
+// The contract: a file's settings replace those before, one by one, and what it lacks stays to the
+// last blank, for the settings file and for a recovery file after it. What was put into a file
+// comes out of it again, whatever other lines it holds; that takes long, so it is done only if the
+// first line says so.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

@@ -48,8 +48,8 @@ QString PlainEncode(QString text)
 
 } // namespace
 
-// The contract: what comes out holds none of the seventeen characters but the percent sign of an
-// escape, and encoding it once more changes nothing; what is none of them passes as it is.
+// The contract: the result holds none of the seventeen characters except the percent sign of an
+// escape, and encoding it again changes nothing; all other characters stay as they are.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     const QString text = TextOf(FuzzInput(bytes, size).Rest());

@@ -14,7 +14,7 @@ namespace {
 
 const QDateTime kReadAt(QDate(2026, 11, 20), QTime(12, 0), Qt::OffsetFromUTC, -5 * 3600);
 
-/// How one quantity is computed, and below which result it does not apply.
+/// How one quantity is computed, and the least result for which it applies.
 struct Rule
 {
     Quantity quantity = {};
@@ -30,7 +30,7 @@ constexpr Rule kWindChill{Quantity::WindChill, "%WCF%",       "%WCC%",
 constexpr Rule kHeatIndex{Quantity::HeatIndex, "%HIF%", "%HIC%", GetHeatIndexF, GetHeatIndexC, 0};
 constexpr Rule kDewPoint{Quantity::DewPoint, "%DPF%", "%DPC%", GetDewPointF, GetDewPointC, -200};
 
-/// The whole parse said once more: one value behind the other, each by its own rule.
+/// The whole parse written a second time: one value after the other, each by its own rule.
 class PlainParser
 {
 public:
@@ -104,7 +104,7 @@ private:
             .replace("%DIR%", direction);
     }
 
-    /// The wind from its first digit or point on; "N/A" when there is none.
+    /// The wind from its first digit or point on; "N/A" if there is none.
     [[nodiscard]] QString SpeedText() const
     {
         if (v[Quantity::WindSpeed] == "N/A")
@@ -116,7 +116,7 @@ private:
         return "N/A";
     }
 
-    /// A quantity that its units text may ask to be computed.
+    /// A quantity, computed if its units ask for it.
     [[nodiscard]] QString Computed(const Rule &rule, const QString &other) const
     {
         const QString units = Units(rule.quantity);
@@ -142,7 +142,7 @@ private:
     WeatherValues v = {};
 };
 
-/// The reply cut down to the main node; nothing when a tag is missing.
+/// The reply cut down to the main node; nothing if a tag is missing.
 std::optional<QString> PlainWorking(const WeatherProfile &profile, QString text)
 {
     text.replace("\r", "").replace("\n", "").replace("\t", "");
@@ -166,8 +166,9 @@ void CheckRaw(const QString &reply)
 
 } // namespace
 
-// The contract: without its main node or a required value a reply changes nothing and the status
-// says so; else all sixteen values are those of the plain version, and none but the place is empty.
+// The contract: a reply without its main node or a required value changes nothing, and the status
+// says so; otherwise all sixteen values are those of the plain version, and none but the place may
+// be empty.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

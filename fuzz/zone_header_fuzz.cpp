@@ -33,8 +33,8 @@ std::optional<QString> PlainEntry(const QString &file, const QString &fileName)
 
 } // namespace
 
-// The contract: an entry is one line, begins with the zone code and two blanks behind a colon, and
-// holds no run of three periods that the file had.
+// The contract: an entry is one line, begins with the zone code, a colon and two blanks, and holds
+// no run of three periods that the file had.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);

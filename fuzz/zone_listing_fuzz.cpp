@@ -29,8 +29,8 @@ QStringList PlainNames(const QString &listing, const QString &state, QDate today
 
 } // namespace
 
-// The contract: names of the state's zone files only, of a length that a name can have, and those
-// of fresh rows alone.
+// The contract: only names of the state's zone files, only of a length that a name can have, and
+// only those of fresh rows.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzInput input(bytes, size);
