@@ -12,9 +12,9 @@ kProgramPackages=(
 # What the tests need in addition.
 kTestPackages=(
   libgtest-dev libssl-dev
-  # A desktop for each test that runs the program as a person does.
+  # A desktop for each test that uses the program as a person does.
   xvfb openbox trayer dbus-daemon xdotool x11-utils
-  libsm-dev libice-dev # the session manager on it
+  libsm-dev libice-dev # its session manager
 )
 # What the checks after the tests need in addition.
 kCheckPackages=(
@@ -27,7 +27,7 @@ Fail() {
   exit 1
 }
 
-# Prints which of the given packages are not installed.
+# Prints which of its arguments are packages that are not installed.
 MissingPackages() {
   local installed package
   # dpkg-query fails if it does not know one of the names, but still lists the others.
@@ -48,7 +48,7 @@ AsRoot() {
   fi
 }
 
-# Without Debian's package lists nothing can be installed; the build continues with what is there.
+# Nothing can be installed on another system; the build goes on with what is there.
 NeedToolsOnly() {
   local tool missing=()
   for tool in c++ cmake ninja; do
@@ -61,8 +61,8 @@ NeedToolsOnly() {
   Say "No Debian system: going on with what is installed. The Debian packages would be: $*"
 }
 
-# Makes sure that all given packages are installed. If they are, it is silent and makes no use of
-# the network.
+# Installs those of its arguments that are missing. If none is, it is silent and does not use the
+# network.
 NeedPackages() {
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     NeedToolsOnly "$@"
@@ -84,7 +84,7 @@ NeedPackages() {
     Fail "apt-get install failed. These packages are missing: ${missing[*]}"
 }
 
-# Configures and builds a preset. Shows the configuration's log if it fails.
+# Configures and builds a preset. Shows the log of the configuration only if that fails.
 ConfigureAndBuild() {
   local preset=$1 log
   log=$(mktemp)
@@ -99,7 +99,7 @@ ConfigureAndBuild() {
   cmake --build --preset "$preset" || Fail "building '$preset' failed"
 }
 
-# Runs the tests of a preset and adds their numbers to the caller's `passed` and `failed`.
+# Runs the tests of a preset and adds the results to the caller's `passed` and `failed`.
 # A run without tests counts as failed.
 RunTests() {
   local preset=$1 log result=0 total=0 bad=0 line
@@ -112,7 +112,7 @@ RunTests() {
     bad=${BASH_REMATCH[1]}
     total=${BASH_REMATCH[2]}
   fi
-  # If ctest fails for another reason than a failed case, that is one failure more.
+  # If ctest fails without a failed case, that is one more failure.
   if ((total == 0 || (result != 0 && bad == 0))); then
     bad=$((bad + 1))
     total=$((total + 1))
