@@ -1,5 +1,5 @@
 # Copies `source` to `target`, but never over a file that somebody has changed since the last copy.
-# `record` remembers that copy's checksum.
+# `record` holds the checksum of that copy.
 #   cmake -Dsource=... -Dtarget=... -Drecord=... -P CopyUnlessChanged.cmake
 file(SHA256 "${source}" wanted)
 if(EXISTS "${target}")

@@ -1,6 +1,6 @@
-# cpp-httplib, as Debian builds it: a header and a shared library that were made with TLS and both
-# compressions. Whoever includes the header must say so too, or the classes differ in size.
-# Gives the target httplib::httplib.
+# cpp-httplib as Debian builds it: a header, and a shared library with TLS and both compressions.
+# Whatever includes the header must define the same options, or the classes differ in size.
+# Defines the target httplib::httplib.
 find_path(Httplib_INCLUDE_DIR httplib.h)
 find_library(Httplib_LIBRARY cpp-httplib)
 include(FindPackageHandleStandardArgs)

@@ -1,5 +1,5 @@
 # libSM and libICE, the X11 session management. Debian has no CMake package for them.
-# Gives the target SM::SM.
+# Defines the target SM::SM.
 find_path(SM_INCLUDE_DIR X11/SM/SMlib.h)
 find_library(SM_LIBRARY SM)
 find_library(SM_ICE_LIBRARY ICE)

@@ -1,5 +1,5 @@
 # libxcb, the X11 protocol. Debian has no CMake package for it.
-# Gives the target Xcb::xcb.
+# Defines the target Xcb::xcb.
 find_path(Xcb_INCLUDE_DIR xcb/xcb.h)
 find_library(Xcb_LIBRARY xcb)
 include(FindPackageHandleStandardArgs)

@@ -1,16 +1,16 @@
-# The large headers, parsed once for each kind of target instead of once for each file. For builds
-# that are made whole and thrown away; where people work, each file shows that it includes what it
+# The large headers, parsed once for each kind of target instead of once for each file. Meant for
+# builds that are made whole and thrown away; elsewhere each file must show that it includes what it
 # uses.
 option(TAVRIN_PRECOMPILED_HEADERS "Parse large headers once for each kind of target" OFF)
 
-# The given headers come first in every file of the target.
+# Every file of the target starts with these headers.
 function(tavrin_precompile target)
   if(TAVRIN_PRECOMPILED_HEADERS)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
 
-# The target takes the headers that another one has parsed, with the same flags.
+# The target reuses the headers that another one has parsed with the same flags.
 function(tavrin_precompile_as target other)
   if(TAVRIN_PRECOMPILED_HEADERS)
     target_precompile_headers(${target} REUSE_FROM ${other})

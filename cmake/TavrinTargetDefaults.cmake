@@ -1,4 +1,4 @@
-# What every target of the project is compiled with; sanitizers and hardening come from the presets.
+# Flags for every target of the project; sanitizers and hardening come from the presets.
 add_library(tavrin_defaults INTERFACE)
 target_compile_features(tavrin_defaults INTERFACE cxx_std_20)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -9,7 +9,7 @@ target_compile_definitions(tavrin_defaults INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400 QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
   QT_NO_FOREACH QT_NO_KEYWORDS QT_STRICT_ITERATORS)
 
-# The program's own targets: no narrow literal becomes a QString by accident.
+# For the program's own targets: no narrow literal becomes a QString by accident.
 add_library(tavrin_program_defaults INTERFACE)
 target_link_libraries(tavrin_program_defaults INTERFACE tavrin_defaults)
 target_compile_definitions(tavrin_program_defaults INTERFACE QT_NO_CAST_FROM_ASCII)
