@@ -12,17 +12,17 @@ namespace {
 constexpr std::array kVariables{"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
 
 /// The three variables as a test sets them; empty: not set. Puts the real ones back.
-class PreferX11Test : public testing::Test
+class X11Preference : public testing::Test
 {
 public:
-    PreferX11Test()
+    X11Preference()
     {
         for (size_t i = 0; i < kVariables.size(); ++i)
             m_before[i] = qgetenv(kVariables[i]);
     }
 
-    ~PreferX11Test() override { Set(m_before); }
-    Q_DISABLE_COPY_MOVE(PreferX11Test)
+    ~X11Preference() override { Set(m_before); }
+    Q_DISABLE_COPY_MOVE(X11Preference)
 
 protected:
     /// What the toolkit is asked for.
@@ -48,19 +48,19 @@ private:
     std::array<QByteArray, 3> m_before;
 };
 
-TEST_F(PreferX11Test, TriesX11FirstWhereBothAreThere)
+TEST_F(X11Preference, TriesX11FirstWhereBothAreThere)
 {
     EXPECT_EQ(Platform("", "wayland-0", ":0"), "xcb;wayland");
 }
 
-TEST_F(PreferX11Test, LeavesADesktopWithOneOfThemAlone)
+TEST_F(X11Preference, LeavesADesktopWithOneOfThemAlone)
 {
     EXPECT_EQ(Platform("", "wayland-0", ""), "");
     EXPECT_EQ(Platform("", "", ":0"), "");
     EXPECT_EQ(Platform("", "", ""), "");
 }
 
-TEST_F(PreferX11Test, LeavesTheUsersChoiceAlone)
+TEST_F(X11Preference, LeavesTheUsersChoiceAlone)
 {
     EXPECT_EQ(Platform("wayland", "wayland-0", ":0"), "wayland");
     EXPECT_EQ(Platform("offscreen", "wayland-0", ":0"), "offscreen");

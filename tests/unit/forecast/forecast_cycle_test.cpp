@@ -7,7 +7,7 @@
 
 namespace {
 
-class ForecastCycleTest : public testing::Test
+class ForecastRounds : public testing::Test
 {
 protected:
     bool Request(const QString &port = "80")
@@ -25,7 +25,7 @@ protected:
     ForecastCycle cycle{http};
 };
 
-TEST_F(ForecastCycleTest, TakesTheForecast)
+TEST_F(ForecastRounds, TakesTheForecast)
 {
     EXPECT_EQ(Poll(), ForecastPoll::Waiting); // nothing was asked for
     ASSERT_TRUE(Request());
@@ -40,7 +40,7 @@ TEST_F(ForecastCycleTest, TakesTheForecast)
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 0);
 }
 
-TEST_F(ForecastCycleTest, CountsDownOnce)
+TEST_F(ForecastRounds, CountsDownOnce)
 {
     cycle.SetForecastRequestCountdown(500);
 
@@ -49,7 +49,7 @@ TEST_F(ForecastCycleTest, CountsDownOnce)
     EXPECT_FALSE(cycle.CountDown(250));
 }
 
-TEST_F(ForecastCycleTest, RepeatsAFailedFirstRequest)
+TEST_F(ForecastRounds, RepeatsAFailedFirstRequest)
 {
     ASSERT_TRUE(Request());
     http.Fail(cycle.ForecastThreadHandle());
@@ -58,7 +58,7 @@ TEST_F(ForecastCycleTest, RepeatsAFailedFirstRequest)
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 30000);
 }
 
-TEST_F(ForecastCycleTest, LeavesTheFiveSecondsOfAZoneJustChosen)
+TEST_F(ForecastRounds, LeavesTheFiveSecondsOfAZoneJustChosen)
 {
     ASSERT_TRUE(Request());
     cycle.SetForecastRequestCountdown(5000); // chosen while the transfer runs
@@ -69,7 +69,7 @@ TEST_F(ForecastCycleTest, LeavesTheFiveSecondsOfAZoneJustChosen)
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 5000);
 }
 
-TEST_F(ForecastCycleTest, RepeatsOnWhenThePortIsJustBeingTyped)
+TEST_F(ForecastRounds, RepeatsOnWhenThePortIsJustBeingTyped)
 {
     ASSERT_TRUE(Request());
     http.Fail(cycle.ForecastThreadHandle());
@@ -85,7 +85,7 @@ TEST_F(ForecastCycleTest, RepeatsOnWhenThePortIsJustBeingTyped)
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 0);
 }
 
-TEST_F(ForecastCycleTest, RepeatsNothingThatNeverBegan)
+TEST_F(ForecastRounds, RepeatsNothingThatNeverBegan)
 {
     http.refuseOpen = true;
 
@@ -94,7 +94,7 @@ TEST_F(ForecastCycleTest, RepeatsNothingThatNeverBegan)
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 0);
 }
 
-TEST_F(ForecastCycleTest, RepeatsNoMoreOnceThereIsAForecast)
+TEST_F(ForecastRounds, RepeatsNoMoreOnceThereIsAForecast)
 {
     ASSERT_TRUE(Request());
     http.Fail(cycle.ForecastThreadHandle());

@@ -90,11 +90,11 @@ void PrintTo(const FreshCase &c, std::ostream *out)
     *out << c.name;
 }
 
-class FreshUntilTable : public testing::TestWithParam<FreshCase>
+class ReplyFreshness : public testing::TestWithParam<FreshCase>
 {
 };
 
-TEST_P(FreshUntilTable, IsTheMomentInUtc)
+TEST_P(ReplyFreshness, IsTheMomentInUtc)
 {
     const auto until = FreshUntil(GetParam().headers, kNow);
 
@@ -166,7 +166,7 @@ const FreshCase kFreshCases[] = {
     {.name = "ExpiresNever", .headers = {.expires = "never"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, FreshUntilTable, testing::ValuesIn(kFreshCases),
+INSTANTIATE_TEST_SUITE_P(Table, ReplyFreshness, testing::ValuesIn(kFreshCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
 struct DateCase

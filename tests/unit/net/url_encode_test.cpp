@@ -19,11 +19,11 @@ void PrintTo(const UrlEncodeCase &c, std::ostream *out)
     *out << c.name;
 }
 
-class UrlEncodeTable : public testing::TestWithParam<UrlEncodeCase>
+class UrlEncoding : public testing::TestWithParam<UrlEncodeCase>
 {
 };
 
-TEST_P(UrlEncodeTable, Encodes)
+TEST_P(UrlEncoding, Encodes)
 {
     EXPECT_EQ(UrlEncode(GetParam().text), GetParam().expected);
 }
@@ -54,7 +54,7 @@ const UrlEncodeCase kCases[] = {
     {"MixedCaseIsNoEscape", "%3b%3B", "%253b%3B"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Cases, UrlEncodeTable, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Table, UrlEncoding, testing::ValuesIn(kCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
 TEST(UrlEncode, CutsAtTheFirstNul)

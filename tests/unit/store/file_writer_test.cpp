@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class DirectFileWriterTest : public testing::Test
+class WritingDirectly : public testing::Test
 {
 protected:
     [[nodiscard]] IniPatch Patch(const QString &name, const QString &value) const
@@ -23,14 +23,14 @@ protected:
     DirectFileWriter writer;
 };
 
-TEST_F(DirectFileWriterTest, StoresAtOnce)
+TEST_F(WritingDirectly, StoresAtOnce)
 {
     writer.Put(Patch("a.ini", "1"));
 
     EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nk=1\r\n");
 }
 
-TEST_F(DirectFileWriterTest, KeepsWhatThePatchDoesNotName)
+TEST_F(WritingDirectly, KeepsWhatThePatchDoesNotName)
 {
     folder.Write("a.ini", "; note\n[S]\ntheirs=1\nk=old\n[T]\nx=2\n");
 
@@ -41,7 +41,7 @@ TEST_F(DirectFileWriterTest, KeepsWhatThePatchDoesNotName)
               "; note\n[S]\ntheirs=1\nk=new\r\nn=3\r\n[T]\nx=2\n[U]\r\ny=4\r\n");
 }
 
-TEST_F(DirectFileWriterTest, WritesInTheOrderOfThePatch)
+TEST_F(WritingDirectly, WritesInTheOrderOfThePatch)
 {
     writer.Put({.file = {.path = folder.Path("a.ini")},
                 .values = {{"T", "b", "1"}, {"S", "z", "2"}, {"T", "a", "3"}, {"T", "b", "4"}}});
@@ -49,14 +49,14 @@ TEST_F(DirectFileWriterTest, WritesInTheOrderOfThePatch)
     EXPECT_EQ(folder.Bytes("a.ini"), "[T]\r\nb=4\r\na=3\r\n[S]\r\nz=2\r\n");
 }
 
-TEST_F(DirectFileWriterTest, EscapesItsValues)
+TEST_F(WritingDirectly, EscapesItsValues)
 {
     writer.Put(Patch("a.ini", " 70 °F\r\n[T]\tx "));
 
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\r\nk=[SP]70[SP]°F[CR][LF][T][TAB]x[SP]\r\n"));
 }
 
-TEST_F(DirectFileWriterTest, WritesTheBytesOfTheFilesCodePage)
+TEST_F(WritingDirectly, WritesTheBytesOfTheFilesCodePage)
 {
     writer.Put({.file = {.path = folder.Path("a.ini"), .codePage = CodePage::Windows1252},
                 .values = {{"S", "k", "70°"}}});
@@ -64,7 +64,7 @@ TEST_F(DirectFileWriterTest, WritesTheBytesOfTheFilesCodePage)
     EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nk=70\xB0\r\n");
 }
 
-TEST_F(DirectFileWriterTest, StoresAPatchWithoutValuesAsWell)
+TEST_F(WritingDirectly, StoresAPatchWithoutValuesAsWell)
 {
     writer.Put({.file = {.path = folder.Path("a.ini")}});
 
@@ -72,7 +72,7 @@ TEST_F(DirectFileWriterTest, StoresAPatchWithoutValuesAsWell)
     EXPECT_EQ(folder.Bytes("a.ini"), "");
 }
 
-TEST_F(DirectFileWriterTest, TellsWhatHasEndedInItsOrder)
+TEST_F(WritingDirectly, TellsWhatHasEndedInItsOrder)
 {
     EXPECT_EQ(writer.Put(Patch("b.ini", "1")), 1U);
     EXPECT_EQ(writer.Put(Patch("a.ini", "2")), 2U);
@@ -88,7 +88,7 @@ TEST_F(DirectFileWriterTest, TellsWhatHasEndedInItsOrder)
     EXPECT_EQ(ended[1].ticket, 2U);
 }
 
-TEST_F(DirectFileWriterTest, TellsItOnce)
+TEST_F(WritingDirectly, TellsItOnce)
 {
     EXPECT_TRUE(writer.Poll().isEmpty());
     writer.Put(Patch("a.ini", "1"));
@@ -102,7 +102,7 @@ TEST_F(DirectFileWriterTest, TellsItOnce)
     EXPECT_EQ(ended[0].ticket, 2U);
 }
 
-TEST_F(DirectFileWriterTest, TellsWhatWentWrongAndGoesOn)
+TEST_F(WritingDirectly, TellsWhatWentWrongAndGoesOn)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("a.ini")));
     const RecordedTrace trace;
@@ -123,7 +123,7 @@ TEST_F(DirectFileWriterTest, TellsWhatWentWrongAndGoesOn)
                                + ": No such file or directory"}));
 }
 
-TEST_F(DirectFileWriterTest, HasNothingToWaitFor)
+TEST_F(WritingDirectly, HasNothingToWaitFor)
 {
     EXPECT_TRUE(writer.Flush(0ms));
     writer.Put(Patch("a.ini", "1"));

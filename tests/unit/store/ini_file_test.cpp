@@ -16,7 +16,7 @@
 
 namespace {
 
-class IniFileTest : public testing::Test
+class IniFileAccess : public testing::Test
 {
 protected:
     [[nodiscard]] IniPath Ini(const QString &name = "a.ini") const
@@ -81,7 +81,7 @@ private:
     mode_t m_before;
 };
 
-TEST_F(IniFileTest, EncodedSpaceIsStoredAsToken)
+TEST_F(IniFileAccess, EncodedSpaceIsStoredAsToken)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"New York"));
 
@@ -89,7 +89,7 @@ TEST_F(IniFileTest, EncodedSpaceIsStoredAsToken)
     EXPECT_EQ(ReadOne(), QString("New York"));
 }
 
-TEST_F(IniFileTest, EncodedTextComesBackWhole)
+TEST_F(IniFileAccess, EncodedTextComesBackWhole)
 {
     const QString text = " \t two\r\nlines\rand\nmore \t";
 
@@ -100,14 +100,14 @@ TEST_F(IniFileTest, EncodedTextComesBackWhole)
     EXPECT_EQ(ReadOne(), text);
 }
 
-TEST_F(IniFileTest, PlainTextLosesOuterSpacesOnly)
+TEST_F(IniFileAccess, PlainTextLosesOuterSpacesOnly)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"  a  b ", false));
 
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\r\nk=a  b\r\n"));
 }
 
-TEST_F(IniFileTest, PlainLineBreakBreaksTheLine)
+TEST_F(IniFileAccess, PlainLineBreakBreaksTheLine)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"a\r\nb=c", false));
 
@@ -127,7 +127,7 @@ void PrintTo(const DecodeCase &c, std::ostream *out)
     *out << c.name;
 }
 
-class DecodeIniValue : public IniFileTest, public testing::WithParamInterface<DecodeCase>
+class DecodeIniValue : public IniFileAccess, public testing::WithParamInterface<DecodeCase>
 {
 };
 
@@ -154,46 +154,46 @@ const DecodeCase kDecodeCases[] = {
 INSTANTIATE_TEST_SUITE_P(Table, DecodeIniValue, testing::ValuesIn(kDecodeCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
-TEST_F(IniFileTest, ValueIsCutBeforeItsTokensAreDecoded)
+TEST_F(IniFileAccess, ValueIsCutBeforeItsTokensAreDecoded)
 {
     folder.Write("a.ini", "[S]\nk=" + QByteArray(4093, 'x') + "[SP]y\n");
 
     EXPECT_EQ(ReadOne(), QString(4093, 'x') + "[S");
 }
 
-TEST_F(IniFileTest, TokenThatJustFitsIsDecoded)
+TEST_F(IniFileAccess, TokenThatJustFitsIsDecoded)
 {
     folder.Write("a.ini", "[S]\nk=" + QByteArray(4091, 'x') + "[SP]y\n");
 
     EXPECT_EQ(ReadOne(), QString(4091, 'x') + " ");
 }
 
-TEST_F(IniFileTest, MissingFileGivesTheDefault)
+TEST_F(IniFileAccess, MissingFileGivesTheDefault)
 {
     EXPECT_EQ(ReadOne("none.ini", u"dflt"), QString("dflt"));
     EXPECT_EQ(ReadOne("none.ini"), QString());
 }
 
-TEST_F(IniFileTest, DefaultIsTrimmedAndDecodedLikeAValue)
+TEST_F(IniFileAccess, DefaultIsTrimmedAndDecodedLikeAValue)
 {
     EXPECT_EQ(ReadOne("none.ini", u"  a[SP]b[TAB] "), QString("a b\t"));
 }
 
-TEST_F(IniFileTest, FolderInPlaceOfTheFileReadsAsMissing)
+TEST_F(IniFileAccess, FolderInPlaceOfTheFileReadsAsMissing)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("a.ini")));
 
     EXPECT_EQ(ReadOne("a.ini", u"dflt"), QString("dflt"));
 }
 
-TEST_F(IniFileTest, PipeInPlaceOfTheFileReadsAsMissing)
+TEST_F(IniFileAccess, PipeInPlaceOfTheFileReadsAsMissing)
 {
     ASSERT_EQ(::mkfifo(folder.Path("a.ini").toUtf8().constData(), 0600), 0);
 
     EXPECT_EQ(ReadOne("a.ini", u"dflt"), QString("dflt"));
 }
 
-TEST_F(IniFileTest, NothingReachesTheDiskBeforeCommit)
+TEST_F(IniFileAccess, NothingReachesTheDiskBeforeCommit)
 {
     folder.Write("a.ini", "[S]\nk=old\n");
     IniFile file(Ini());
@@ -205,7 +205,7 @@ TEST_F(IniFileTest, NothingReachesTheDiskBeforeCommit)
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\nk=new\r\n"));
 }
 
-TEST_F(IniFileTest, CommitLeavesNoOtherFileBehind)
+TEST_F(IniFileAccess, CommitLeavesNoOtherFileBehind)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"1"));
     ASSERT_TRUE(WriteOne("a.ini", u"2"));
@@ -215,7 +215,7 @@ TEST_F(IniFileTest, CommitLeavesNoOtherFileBehind)
         QStringList{"a.ini"});
 }
 
-TEST_F(IniFileTest, CommitReplacesTheFileAtOnce)
+TEST_F(IniFileAccess, CommitReplacesTheFileAtOnce)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"old"));
     QFile reader(folder.Path("a.ini")); // a reader that has the file open sees the old one whole
@@ -227,7 +227,7 @@ TEST_F(IniFileTest, CommitReplacesTheFileAtOnce)
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\r\nk=new\r\n"));
 }
 
-TEST_F(IniFileTest, CommitWithoutAChangeStillWrites)
+TEST_F(IniFileAccess, CommitWithoutAChangeStillWrites)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"v"));
     const ino_t before = Stat("a.ini").st_ino;
@@ -240,7 +240,7 @@ TEST_F(IniFileTest, CommitWithoutAChangeStillWrites)
     EXPECT_EQ(folder.Bytes("a.ini"), QByteArray("[S]\r\nk=v\r\n"));
 }
 
-TEST_F(IniFileTest, FailedCommitLeavesTheFileAndTracesOnce)
+TEST_F(IniFileAccess, FailedCommitLeavesTheFileAndTracesOnce)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("a.ini")));
     folder.Write("a.ini/inside", "x");
@@ -253,7 +253,7 @@ TEST_F(IniFileTest, FailedCommitLeavesTheFileAndTracesOnce)
     EXPECT_TRUE(trace.lines[0].startsWith("Unable to write " + folder.Path("a.ini") + ": "));
 }
 
-TEST_F(IniFileTest, FoldersAreNeverCreated)
+TEST_F(IniFileAccess, FoldersAreNeverCreated)
 {
     const RecordedTrace trace;
 
@@ -263,7 +263,7 @@ TEST_F(IniFileTest, FoldersAreNeverCreated)
     EXPECT_EQ(trace.lines.size(), 1);
 }
 
-TEST_F(IniFileTest, FailedCommitCanBeTriedAgain)
+TEST_F(IniFileAccess, FailedCommitCanBeTriedAgain)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("a.ini")));
     ASSERT_FALSE(WriteOne("a.ini", u"v"));
@@ -273,7 +273,7 @@ TEST_F(IniFileTest, FailedCommitCanBeTriedAgain)
     EXPECT_EQ(ReadOne(), QString("v"));
 }
 
-TEST_F(IniFileTest, FileThatCannotBeReadJustNowIsNotReplaced)
+TEST_F(IniFileAccess, FileThatCannotBeReadJustNowIsNotReplaced)
 {
     folder.Write("a.ini", "[S]\r\nforeign=1\r\n");
     std::optional<IniFile> file;
@@ -295,7 +295,7 @@ TEST_F(IniFileTest, FileThatCannotBeReadJustNowIsNotReplaced)
     EXPECT_EQ(folder.Bytes("a.ini"), "[S]\r\nforeign=1\r\nk=x\r\n");
 }
 
-TEST_F(IniFileTest, NewFileFollowsTheModeMask)
+TEST_F(IniFileAccess, NewFileFollowsTheModeMask)
 {
     {
         const Umask mask(022);
@@ -310,7 +310,7 @@ TEST_F(IniFileTest, NewFileFollowsTheModeMask)
     EXPECT_EQ(Stat("b.ini").st_mode & 07777U, 0660U);
 }
 
-TEST_F(IniFileTest, ModeOfTheFileSurvives)
+TEST_F(IniFileAccess, ModeOfTheFileSurvives)
 {
     for (const mode_t mode : {0664U, 0600U, 0646U, 0755U}) {
         folder.Write("a.ini", "[S]\n");
@@ -322,7 +322,7 @@ TEST_F(IniFileTest, ModeOfTheFileSurvives)
     }
 }
 
-TEST_F(IniFileTest, OwnerAndGroupOfTheFileSurvive)
+TEST_F(IniFileAccess, OwnerAndGroupOfTheFileSurvive)
 {
     // Only the superuser can give a file away; for others the owner is their own, which stays too.
     folder.Write("a.ini", "[S]\n");
@@ -339,7 +339,7 @@ TEST_F(IniFileTest, OwnerAndGroupOfTheFileSurvive)
     EXPECT_EQ(Stat("a.ini").st_mode & 07777U, 0664U);
 }
 
-TEST_F(IniFileTest, SymbolicLinksAreFollowed)
+TEST_F(IniFileAccess, SymbolicLinksAreFollowed)
 {
     ASSERT_TRUE(QDir().mkdir(folder.Path("deep")));
     folder.Write("deep/real.ini", "[S]\nk=old\n");
@@ -353,7 +353,7 @@ TEST_F(IniFileTest, SymbolicLinksAreFollowed)
     EXPECT_EQ(folder.Bytes("deep/real.ini"), QByteArray("[S]\nk=new\r\n"));
 }
 
-TEST_F(IniFileTest, LinkToNothingMakesItsTarget)
+TEST_F(IniFileAccess, LinkToNothingMakesItsTarget)
 {
     ASSERT_TRUE(QFile::link("real.ini", folder.Path("a.ini")));
 
@@ -363,7 +363,7 @@ TEST_F(IniFileTest, LinkToNothingMakesItsTarget)
     EXPECT_EQ(folder.Bytes("real.ini"), QByteArray("[S]\r\nk=v\r\n"));
 }
 
-TEST_F(IniFileTest, LinkToItselfFails)
+TEST_F(IniFileAccess, LinkToItselfFails)
 {
     ASSERT_TRUE(QFile::link("a.ini", folder.Path("a.ini")));
     const RecordedTrace trace;
@@ -372,7 +372,7 @@ TEST_F(IniFileTest, LinkToItselfFails)
     EXPECT_TRUE(QFileInfo(folder.Path("a.ini")).isSymLink());
 }
 
-TEST_F(IniFileTest, ForeignKeysAddedBetweenTwoGroupsSurvive)
+TEST_F(IniFileAccess, ForeignKeysAddedBetweenTwoGroupsSurvive)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"1"));
     folder.Write("a.ini", folder.Bytes("a.ini") + "theirs=2\n; note\n[Other]\nx=3\n");

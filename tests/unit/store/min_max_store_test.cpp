@@ -354,14 +354,14 @@ TEST_F(MinMaxStore, EachRoutineIsOneCommitAndGoesOnWithoutIt)
     EXPECT_EQ(minMax.MinMaxDay, 8);
 }
 
-TEST(DaysInPreviousMonthTest, FollowsTheCalendar)
+TEST(DaysInPreviousMonth, FollowsTheCalendar)
 {
     const std::array<qint16, 12> expected{31, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30};
     for (qint16 month = 1; month <= 12; ++month)
         EXPECT_EQ(DaysInPreviousMonth(month, 2026), expected[static_cast<std::size_t>(month - 1)]);
 }
 
-TEST(DaysInPreviousMonthTest, FebruaryHasALeapDayInEveryFourthYear)
+TEST(DaysInPreviousMonth, FebruaryHasALeapDayInEveryFourthYear)
 {
     EXPECT_EQ(DaysInPreviousMonth(3, 2028), 29);
     EXPECT_EQ(DaysInPreviousMonth(3, 2027), 28);
@@ -369,7 +369,7 @@ TEST(DaysInPreviousMonthTest, FebruaryHasALeapDayInEveryFourthYear)
     EXPECT_EQ(DaysInPreviousMonth(3, 2100), 29); // no century rule
 }
 
-TEST(DaysInPreviousMonthTest, IsZeroForNoMonth)
+TEST(DaysInPreviousMonth, IsZeroForNoMonth)
 {
     EXPECT_EQ(DaysInPreviousMonth(0, 2026), 0);
     EXPECT_EQ(DaysInPreviousMonth(13, 2026), 0);

@@ -21,11 +21,11 @@ void PrintTo(const ResizeCase &c, std::ostream *out)
     *out << c.name;
 }
 
-class StepOfResizeTable : public testing::TestWithParam<ResizeCase>
+class WindowResize : public testing::TestWithParam<ResizeCase>
 {
 };
 
-TEST_P(StepOfResizeTable, GivesTheStep)
+TEST_P(WindowResize, GivesTheStep)
 {
     const ResizeCase &c = GetParam();
 
@@ -51,7 +51,7 @@ const ResizeCase kCases[] = {
     {"RestoresTheHiddenLargeWindowWithoutAnIcon", kMaximized, true, false, ResizeStep::Restore},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, StepOfResizeTable, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Table, WindowResize, testing::ValuesIn(kCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
 // The numbers that the trace lines show.

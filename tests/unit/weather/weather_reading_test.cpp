@@ -20,10 +20,10 @@ QuantityTags Between(const QString &open, const QString &units = {}, const QStri
 }
 
 /// A service whose values read "temp=21;" and so on, without a main node.
-class WeatherReadingTest : public testing::Test
+class ReadingWeather : public testing::Test
 {
 protected:
-    WeatherReadingTest()
+    ReadingWeather()
     {
         profile.location[0] = "KXYZ";
         profile[Quantity::Temperature] = Between("temp=", " F");
@@ -46,7 +46,7 @@ protected:
     QList<double> temps; ///< Readings for the store.
 };
 
-TEST_F(WeatherReadingTest, FillsAllSixteenValues)
+TEST_F(ReadingWeather, FillsAllSixteenValues)
 {
     minMax.PrevMinTemp = 12.5;
     minMax.PrevMaxTemp = 71;
@@ -94,7 +94,7 @@ TEST_F(WeatherReadingTest, FillsAllSixteenValues)
     EXPECT_TRUE(statuses.isEmpty());
 }
 
-TEST_F(WeatherReadingTest, UsesTheClockWithoutAnObservationTime)
+TEST_F(ReadingWeather, UsesTheClockWithoutAnObservationTime)
 {
     profile[Quantity::Time] = Between("time=");
 
@@ -106,7 +106,7 @@ TEST_F(WeatherReadingTest, UsesTheClockWithoutAnObservationTime)
     EXPECT_EQ(profile.values[Quantity::Time], "11/20/2026 3:05:09 PM");
 }
 
-TEST_F(WeatherReadingTest, UsesTheEnteredLocationWithoutAPlaceName)
+TEST_F(ReadingWeather, UsesTheEnteredLocationWithoutAPlaceName)
 {
     profile[Quantity::Location] = Between("place=");
 
@@ -115,7 +115,7 @@ TEST_F(WeatherReadingTest, UsesTheEnteredLocationWithoutAPlaceName)
     EXPECT_EQ(profile.values[Quantity::Location], "KXYZ");
 }
 
-TEST_F(WeatherReadingTest, KeepsWhatTheServiceDoesNotDeliver)
+TEST_F(ReadingWeather, KeepsWhatTheServiceDoesNotDeliver)
 {
     profile[Quantity::Time].Units = "?";
     profile[Quantity::Location].Units = "?";
@@ -126,7 +126,7 @@ TEST_F(WeatherReadingTest, KeepsWhatTheServiceDoesNotDeliver)
     EXPECT_EQ(profile.values[Quantity::Location], "Not Available From Service");
 }
 
-TEST_F(WeatherReadingTest, FormatsTheTemperatureWithOneDecimal)
+TEST_F(ReadingWeather, FormatsTheTemperatureWithOneDecimal)
 {
     EXPECT_TRUE(Parse("temp=61;"));
     EXPECT_EQ(profile.values[Quantity::Temperature], "61.0 F");
@@ -136,7 +136,7 @@ TEST_F(WeatherReadingTest, FormatsTheTemperatureWithOneDecimal)
     EXPECT_EQ(profile.values[Quantity::Temperature], "26.6 F");
 }
 
-TEST_F(WeatherReadingTest, StoresTheTemperatureOnlyWhereTheProfileAsksForIt)
+TEST_F(ReadingWeather, StoresTheTemperatureOnlyWhereTheProfileAsksForIt)
 {
     EXPECT_TRUE(Parse("temp=61;"));
     EXPECT_TRUE(temps.isEmpty());
@@ -151,7 +151,7 @@ TEST_F(WeatherReadingTest, StoresTheTemperatureOnlyWhereTheProfileAsksForIt)
     EXPECT_EQ(temps, (QList<double>{61, -4.3}));
 }
 
-TEST_F(WeatherReadingTest, StoresNoMissingTemperature)
+TEST_F(ReadingWeather, StoresNoMissingTemperature)
 {
     profile[Quantity::MaxTemp].Units = "%MAX% F";
     profile[Quantity::Temperature] = {};
@@ -162,7 +162,7 @@ TEST_F(WeatherReadingTest, StoresNoMissingTemperature)
     EXPECT_TRUE(temps.isEmpty());
 }
 
-TEST_F(WeatherReadingTest, ReadsConditionsWithoutTheirUnitsAndFactor)
+TEST_F(ReadingWeather, ReadsConditionsWithoutTheirUnitsAndFactor)
 {
     profile[Quantity::Conditions] = Between("cond=", "?", "N0");
 
@@ -171,7 +171,7 @@ TEST_F(WeatherReadingTest, ReadsConditionsWithoutTheirUnitsAndFactor)
     EXPECT_EQ(profile.values[Quantity::Conditions], "7 Oktas");
 }
 
-TEST_F(WeatherReadingTest, JoinsWindSpeedAndDirection)
+TEST_F(ReadingWeather, JoinsWindSpeedAndDirection)
 {
     profile.concatinateWindSpeedDir = true;
 
@@ -187,7 +187,7 @@ TEST_F(WeatherReadingTest, JoinsWindSpeedAndDirection)
     EXPECT_EQ(profile.values[Quantity::WindSpeed], "10/10 NW %dir%");
 }
 
-TEST_F(WeatherReadingTest, FillsTheDirectionIntoWhatTheSpeedBrought)
+TEST_F(ReadingWeather, FillsTheDirectionIntoWhatTheSpeedBrought)
 {
     profile.concatinateWindSpeedDir = true;
     profile.windSpeedDirFormat = "%SPEED%";
@@ -197,7 +197,7 @@ TEST_F(WeatherReadingTest, FillsTheDirectionIntoWhatTheSpeedBrought)
     EXPECT_EQ(profile.values[Quantity::WindSpeed], "10 NW");
 }
 
-TEST_F(WeatherReadingTest, UsesTheSpeedsFactorAndNotTheDirections)
+TEST_F(ReadingWeather, UsesTheSpeedsFactorAndNotTheDirections)
 {
     profile.concatinateWindSpeedDir = true;
     profile[Quantity::WindSpeed] = Between("wind=", " km/h", "*1.6");
@@ -208,7 +208,7 @@ TEST_F(WeatherReadingTest, UsesTheSpeedsFactorAndNotTheDirections)
     EXPECT_EQ(profile.values[Quantity::WindSpeed], "16 km/h at 270 degrees");
 }
 
-TEST_F(WeatherReadingTest, HasNoWindWhereOneHalfIsMissing)
+TEST_F(ReadingWeather, HasNoWindWhereOneHalfIsMissing)
 {
     profile.concatinateWindSpeedDir = true;
 
@@ -219,14 +219,14 @@ TEST_F(WeatherReadingTest, HasNoWindWhereOneHalfIsMissing)
     EXPECT_EQ(profile.values[Quantity::WindSpeed], "N/A");
 }
 
-TEST_F(WeatherReadingTest, TakesTheSpeedAloneWithoutJoining)
+TEST_F(ReadingWeather, TakesTheSpeedAloneWithoutJoining)
 {
     EXPECT_TRUE(Parse("wind=from the N at 8 MPH;dir=NW;"));
 
     EXPECT_EQ(profile.values[Quantity::WindSpeed], "from the N at 8 MPH");
 }
 
-TEST_F(WeatherReadingTest, TakesTheExtremesFromTheStoreWhateverTheReplyHolds)
+TEST_F(ReadingWeather, TakesTheExtremesFromTheStoreWhateverTheReplyHolds)
 {
     profile[Quantity::MinTemp] = Between("min=", "%MIN% F");
     profile[Quantity::MaxTemp] = Between("max=", " F");
@@ -239,7 +239,7 @@ TEST_F(WeatherReadingTest, TakesTheExtremesFromTheStoreWhateverTheReplyHolds)
     EXPECT_EQ(profile.values[Quantity::MaxTemp], "40 F");
 }
 
-TEST_F(WeatherReadingTest, ShowsTheStoresNeutralValuesAsNumbers)
+TEST_F(ReadingWeather, ShowsTheStoresNeutralValuesAsNumbers)
 {
     profile[Quantity::MinTemp].Units = "%MIN% F";
     profile[Quantity::MaxTemp].Units = "%MAX% F";
@@ -250,7 +250,7 @@ TEST_F(WeatherReadingTest, ShowsTheStoresNeutralValuesAsNumbers)
     EXPECT_EQ(profile.values[Quantity::MaxTemp], "-1000 F");
 }
 
-TEST_F(WeatherReadingTest, HasNoExtremesBeyondTheOtherBound)
+TEST_F(ReadingWeather, HasNoExtremesBeyondTheOtherBound)
 {
     minMax.PrevMinTemp = -1000;
     minMax.PrevMaxTemp = 1000;
@@ -265,7 +265,7 @@ TEST_F(WeatherReadingTest, HasNoExtremesBeyondTheOtherBound)
     EXPECT_EQ(profile.values[Quantity::MaxTemp], "999.9");
 }
 
-TEST_F(WeatherReadingTest, ComputesTheWindChill)
+TEST_F(ReadingWeather, ComputesTheWindChill)
 {
     profile[Quantity::WindChill].Units = "%WCF%";
     EXPECT_TRUE(Parse("temp=20.0;wind=15 at N;"));
@@ -276,7 +276,7 @@ TEST_F(WeatherReadingTest, ComputesTheWindChill)
     EXPECT_EQ(profile.values[Quantity::WindChill], "feels like 1.1 C");
 }
 
-TEST_F(WeatherReadingTest, PrefersTheFahrenheitToken)
+TEST_F(ReadingWeather, PrefersTheFahrenheitToken)
 {
     profile[Quantity::WindChill].Units = "%WCC%/%WCF%";
 
@@ -285,7 +285,7 @@ TEST_F(WeatherReadingTest, PrefersTheFahrenheitToken)
     EXPECT_EQ(profile.values[Quantity::WindChill], "%WCC%/6.2");
 }
 
-TEST_F(WeatherReadingTest, HasNoWindChillWithoutItsInputs)
+TEST_F(ReadingWeather, HasNoWindChillWithoutItsInputs)
 {
     profile[Quantity::WindChill].Units = "%WCF% F";
     for (const char *reply : {"temp=20;xwind=;", "temp=20;wind=Calm;", "temp=41;wind=15;"}) {
@@ -298,7 +298,7 @@ TEST_F(WeatherReadingTest, HasNoWindChillWithoutItsInputs)
     EXPECT_EQ(profile.values[Quantity::WindChill], "N/A");
 }
 
-TEST_F(WeatherReadingTest, TakesTheSpeedFromTheFirstDigitOrPoint)
+TEST_F(ReadingWeather, TakesTheSpeedFromTheFirstDigitOrPoint)
 {
     profile[Quantity::WindChill].Units = "%WCF%";
 
@@ -308,7 +308,7 @@ TEST_F(WeatherReadingTest, TakesTheSpeedFromTheFirstDigitOrPoint)
     EXPECT_EQ(profile.values[Quantity::WindChill], "N/A");
 }
 
-TEST_F(WeatherReadingTest, ComputesTheHeatIndex)
+TEST_F(ReadingWeather, ComputesTheHeatIndex)
 {
     profile[Quantity::HeatIndex].Units = "%HIF% F";
     EXPECT_TRUE(Parse("temp=90;hum=50;"));
@@ -319,7 +319,7 @@ TEST_F(WeatherReadingTest, ComputesTheHeatIndex)
     EXPECT_EQ(profile.values[Quantity::HeatIndex], "32.8 C");
 }
 
-TEST_F(WeatherReadingTest, HasNoHeatIndexBelowItsRangeOrWithoutHumidity)
+TEST_F(ReadingWeather, HasNoHeatIndexBelowItsRangeOrWithoutHumidity)
 {
     profile[Quantity::HeatIndex].Units = "%HIF% F";
 
@@ -331,7 +331,7 @@ TEST_F(WeatherReadingTest, HasNoHeatIndexBelowItsRangeOrWithoutHumidity)
     EXPECT_EQ(profile.values[Quantity::HeatIndex], "N/A");
 }
 
-TEST_F(WeatherReadingTest, ComputesTheDewPoint)
+TEST_F(ReadingWeather, ComputesTheDewPoint)
 {
     profile[Quantity::DewPoint].Units = "%DPF% F";
     EXPECT_TRUE(Parse("temp=70;hum=50;"));
@@ -345,7 +345,7 @@ TEST_F(WeatherReadingTest, ComputesTheDewPoint)
     EXPECT_EQ(profile.values[Quantity::DewPoint], "-14.0 C");
 }
 
-TEST_F(WeatherReadingTest, ReadsTheQuantitiesWithoutTokens)
+TEST_F(ReadingWeather, ReadsTheQuantitiesWithoutTokens)
 {
     profile[Quantity::HeatIndex] = Between("heat=", " F");
     profile[Quantity::DewPoint] = Between("dew=", "?");
@@ -356,7 +356,7 @@ TEST_F(WeatherReadingTest, ReadsTheQuantitiesWithoutTokens)
     EXPECT_EQ(profile.values[Quantity::DewPoint], "Not Available From Service");
 }
 
-TEST_F(WeatherReadingTest, SearchesWithoutLineEndsAndTabs)
+TEST_F(ReadingWeather, SearchesWithoutLineEndsAndTabs)
 {
     profile[Quantity::Conditions] = Between("cond=");
 
@@ -366,7 +366,7 @@ TEST_F(WeatherReadingTest, SearchesWithoutLineEndsAndTabs)
     EXPECT_EQ(profile.values[Quantity::Conditions], "LightRain");
 }
 
-TEST_F(WeatherReadingTest, SearchesTheMainNodeOnly)
+TEST_F(ReadingWeather, SearchesTheMainNodeOnly)
 {
     profile.mainNodeOpen = "<obs>";
     profile.mainNodeClose = "</obs>";
@@ -376,7 +376,7 @@ TEST_F(WeatherReadingTest, SearchesTheMainNodeOnly)
     EXPECT_EQ(profile.values[Quantity::Temperature], "2.0 F");
 }
 
-TEST_F(WeatherReadingTest, RefusesAReplyWithoutItsMainNode)
+TEST_F(ReadingWeather, RefusesAReplyWithoutItsMainNode)
 {
     profile.mainNodeOpen = "<obs>";
     profile.mainNodeClose = "</obs>";
@@ -397,7 +397,7 @@ TEST_F(WeatherReadingTest, RefusesAReplyWithoutItsMainNode)
                      "11/20/2026 3:05:09 PM - Could not find closing node tag in received data"}));
 }
 
-TEST_F(WeatherReadingTest, GoesOnWithAnEmptyReply)
+TEST_F(ReadingWeather, GoesOnWithAnEmptyReply)
 {
     profile[Quantity::MaxTemp].Units = "%MAX%";
 
@@ -410,7 +410,7 @@ TEST_F(WeatherReadingTest, GoesOnWithAnEmptyReply)
     EXPECT_EQ(temps, QList<double>{0});
 }
 
-TEST_F(WeatherReadingTest, RefusesAnEmptyReplyWhereThereIsAMainNode)
+TEST_F(ReadingWeather, RefusesAnEmptyReplyWhereThereIsAMainNode)
 {
     profile.mainNodeOpen = "<obs>";
     profile.mainNodeClose = "</obs>";
@@ -421,7 +421,7 @@ TEST_F(WeatherReadingTest, RefusesAnEmptyReplyWhereThereIsAMainNode)
                                      "Could not find opening node tag in received data"}));
 }
 
-TEST_F(WeatherReadingTest, RefusesAReplyWithoutARequiredValue)
+TEST_F(ReadingWeather, RefusesAReplyWithoutARequiredValue)
 {
     profile.required = {"temperature"};
     profile.values[Quantity::Temperature] = "5.0 F";
@@ -436,7 +436,7 @@ TEST_F(WeatherReadingTest, RefusesAReplyWithoutARequiredValue)
     EXPECT_EQ(trace.lines, QStringList{"Required value not found in received data: temperature"});
 }
 
-TEST_F(WeatherReadingTest, TracesTheTextItParses)
+TEST_F(ReadingWeather, TracesTheTextItParses)
 {
     profile = {};
     const RecordedTrace trace;
@@ -446,7 +446,7 @@ TEST_F(WeatherReadingTest, TracesTheTextItParses)
     EXPECT_EQ(trace.lines, QStringList{"Parsing weather string:ab"});
 }
 
-TEST_F(WeatherReadingTest, RefusesEveryReplyWithoutAProfile)
+TEST_F(ReadingWeather, RefusesEveryReplyWithoutAProfile)
 {
     const WeatherReading reading = BeginReading(nullptr, "temp=1;", Now());
 
