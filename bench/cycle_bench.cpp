@@ -4,6 +4,7 @@
 // two texts, four times an hour; the peers do it by starting a program.
 
 #include "core/clock.h"
+#include "medians.h"
 #include "net/curl_transfers.h"
 #include "support/fake_panel_icon.h"
 #include "support/whole_program.h"
@@ -18,8 +19,6 @@
 
 #include <cstdio>
 #include <optional>
-
-#include "medians.h"
 
 using namespace Qt::StringLiterals;
 

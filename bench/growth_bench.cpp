@@ -2,6 +2,7 @@
 // time of the thread, medians. Goal: at most eleven times.
 
 #include "forecast/forecast_text.h"
+#include "medians.h"
 #include "net/body_text.h"
 #include "store/ini_file.h"
 #include "support/read_weather.h"
@@ -13,8 +14,6 @@
 #include <cstdio>
 #include <ctime>
 #include <functional>
-
-#include "medians.h"
 
 using namespace Qt::StringLiterals;
 

@@ -8,6 +8,7 @@
 // that one has used would flatter the other.
 
 #include "core/clock.h"
+#include "medians.h"
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
 #include "support/whole_program.h"
@@ -32,8 +33,6 @@
 #include <cstdio>
 #include <functional>
 #include <type_traits>
-
-#include "medians.h"
 
 using namespace Qt::StringLiterals;
 

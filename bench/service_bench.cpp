@@ -4,6 +4,7 @@
 //
 // The measuring process serves the replies and looks at the two from outside.
 
+#include "medians.h"
 #include "support/loopback_server.h"
 
 #include <QCoreApplication>
@@ -18,8 +19,6 @@
 #include <functional>
 #include <optional>
 #include <thread>
-
-#include "medians.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,8 @@
 // display, min/max store and output file; also if the host has sent what it should not. Figures are
 // processor time of the one thread.
 
+#include "gui/main_window.h"
+
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
@@ -10,8 +12,6 @@
 #include <ctime>
 #include <functional>
 #include <optional>
-
-#include "gui/main_window.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 // which parses the same document and looks up the same elements: the observation alone, and in
 // pages of 100 KB and 1 MB. Processor time of the thread, medians.
 
+#include "medians.h"
 #include "profiles/profile_file.h"
 #include "support/read_weather.h"
 
@@ -9,7 +10,6 @@
 #include <ctime>
 #include <string>
 
-#include "medians.h"
 #include <pugixml.hpp>
 
 using namespace Qt::StringLiterals;

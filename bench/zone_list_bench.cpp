@@ -2,6 +2,7 @@
 // with the same files fetched one after another over one kept connection, and with wget and curl if
 // they are installed. Then reading a large listing, compared with a plain search through it.
 
+#include "medians.h"
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
 #include "zones/frm_find_noaa_zones.h"
@@ -19,8 +20,6 @@
 #include <array>
 #include <cstdio>
 #include <functional>
-
-#include "medians.h"
 
 using namespace Qt::StringLiterals;
 

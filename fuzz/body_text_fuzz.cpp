@@ -1,10 +1,9 @@
 #include "core/windows1252.h"
+#include "fuzz_input.h"
 #include "net/body_text.h"
 #include "net/declared_charset.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "core/text.h"
+#include "fuzz_input.h"
 #include "weather/date_time_text.h"
 #include "weather/utc_to_local.h"
 
@@ -6,8 +7,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,4 @@
 #include "forecast/forecast_text.h"
-
 #include "fuzz_input.h"
 
 namespace {

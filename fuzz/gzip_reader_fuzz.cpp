@@ -1,10 +1,9 @@
+#include "fuzz_input.h"
 #include "net/gzip_reader.h"
 
 #include <zlib.h>
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
 #include "core/value_texts.h"
+#include "fuzz_input.h"
+#include "plain_node_value.h"
 #include "weather/node_value.h"
 
 #include <QDateTime>
-
-#include "fuzz_input.h"
-#include "plain_node_value.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
 #include "core/number.h"
 #include "core/number_picture.h"
+#include "fuzz_input.h"
 
 #include <QRegularExpression>
 
 #include <cmath>
-
-#include "fuzz_input.h"
 
 using namespace Qt::StringLiterals;
 

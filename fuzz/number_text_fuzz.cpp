@@ -1,5 +1,6 @@
 #include "core/number.h"
 #include "core/text.h"
+#include "fuzz_input.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -8,8 +9,6 @@
 #include <cmath>
 #include <cstring>
 #include <string>
-
-#include "fuzz_input.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,13 +1,12 @@
 #include "core/text.h"
 #include "core/windows1252.h"
+#include "fuzz_input.h"
+#include "plain_ini.h"
 #include "store/ini_value.h"
 #include "store/private_profile.h"
 #include "store/utf16_units.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
-#include "plain_ini.h"
 
 namespace {
 

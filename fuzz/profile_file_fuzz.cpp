@@ -1,9 +1,8 @@
+#include "fuzz_input.h"
 #include "profiles/profile_file.h"
 #include "store/ini_value.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
+#include "fuzz_input.h"
 #include "net/reply_headers.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,9 +1,8 @@
 #include "core/text.h"
+#include "fuzz_input.h"
 #include "net/request_url.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
 #include "core/windows1252.h"
+#include "fuzz_input.h"
 #include "store/ini_value.h"
 #include "store/settings_file.h"
-
-#include "fuzz_input.h"
 
 namespace {
 

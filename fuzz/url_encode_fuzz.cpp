@@ -1,10 +1,9 @@
+#include "fuzz_input.h"
 #include "net/url_encode.h"
 
 #include <QStringList>
 
 #include <iterator>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,3 +1,5 @@
+#include "fuzz_input.h"
+#include "plain_node_value.h"
 #include "profiles/profile_file.h"
 #include "weather/formulas.h"
 #include "weather/main_node.h"
@@ -6,9 +8,6 @@
 #include "weather/weather_reading.h"
 
 #include <algorithm>
-
-#include "fuzz_input.h"
-#include "plain_node_value.h"
 
 namespace {
 

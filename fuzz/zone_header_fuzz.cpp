@@ -1,8 +1,7 @@
+#include "fuzz_input.h"
 #include "zones/zone_header.h"
 
 #include <QStringList>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
+#include "fuzz_input.h"
 #include "zones/zone_listing.h"
 
 #include <QLocale>
 
 #include <algorithm>
-
-#include "fuzz_input.h"
 
 namespace {
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "graph/weather_graph.h"
+#include "gui/contrast.h"
 
 #include <QImage>
 #include <QPalette>
 
 #include <algorithm>
-
-#include "gui/contrast.h"
 
 inline constexpr QSize kGraphSize(560, 300);
 inline constexpr QRgb kCurve = qRgb(214, 122, 0); // on a light ground

@@ -1,12 +1,11 @@
 #include "controls/long_text_box.h"
+#include "gui/main_window.h"
 #include "support/one_place.h"
 #include "support/recorded_trace.h"
 
 #include <QCheckBox>
 #include <QPushButton>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 namespace {
 

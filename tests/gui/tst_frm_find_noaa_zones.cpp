@@ -1,10 +1,10 @@
+#include "gui/zone_finder.h"
+
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-
-#include "gui/zone_finder.h"
 
 namespace {
 

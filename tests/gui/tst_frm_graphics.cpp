@@ -1,13 +1,12 @@
 #include "graph/frm_graphics.h"
 #include "graph/svg_icon.h"
+#include "gui/contrast.h"
 #include "support/recorded_trace.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryFile>
 #include <QTest>
-
-#include "gui/contrast.h"
 
 /// The hidden form with the tray icon's pictures.
 class tst_frmGraphics final : public QObject

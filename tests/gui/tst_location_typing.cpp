@@ -1,9 +1,8 @@
+#include "gui/main_window.h"
 #include "support/one_place.h"
 
 #include <QPushButton>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 /// A location as a person enters it in the settings frame: key by key, then Done or Enter.
 class tst_LocationTyping final : public QObject

@@ -1,13 +1,12 @@
 #include "app/frm_main.h"
 #include "controls/muted_color.h"
 #include "controls/value_box.h"
+#include "gui/layout_faults.h"
+#include "gui/window_states.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QTest>
-
-#include "gui/layout_faults.h"
-#include "gui/window_states.h"
 
 /// How the windows look and are used in all the states that people see.
 class tst_Looks final : public QObject

@@ -1,3 +1,5 @@
+#include "gui/main_window.h"
+#include "gui/network_faults.h"
 #include "net/curl_transfers.h"
 #include "support/process_counts.h"
 #include "support/recorded_trace.h"
@@ -10,9 +12,6 @@
 #include <QTest>
 
 #include <algorithm>
-
-#include "gui/main_window.h"
-#include "gui/network_faults.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "core/trace_sink.h"
+#include "gui/main_window.h"
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
 #include "support/recorded_trace.h"
@@ -8,8 +9,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "controls/control.h"
+#include "gui/main_window.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -12,8 +13,6 @@
 #include <QTest>
 
 #include <algorithm>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "controls/choice_list.h"
+#include "gui/main_window.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -8,8 +9,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
-
-#include "gui/main_window.h"
 
 namespace {
 

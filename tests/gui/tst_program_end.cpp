@@ -1,12 +1,11 @@
 #include "app/desktop_session.h"
+#include "gui/main_window.h"
 #include "support/recorded_trace.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QSignalSpy>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 namespace {
 

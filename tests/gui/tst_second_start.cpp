@@ -1,3 +1,4 @@
+#include "gui/main_window.h"
 #include "start/session_lock.h"
 #include "start/unix_signals.h"
 
@@ -5,8 +6,6 @@
 #include <QTest>
 
 #include <csignal>
-
-#include "gui/main_window.h"
 
 /// What the running copy does when its session is started once more.
 class tst_SecondStart final : public QObject

@@ -1,11 +1,10 @@
+#include "gui/main_window.h"
 #include "support/recorded_trace.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
+#include "gui/main_window.h"
 #include "support/recorded_trace.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 namespace {
 

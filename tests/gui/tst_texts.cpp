@@ -3,6 +3,7 @@
 #include "controls/elided_label.h"
 #include "controls/tool_tip.h"
 #include "controls/value_box.h"
+#include "gui/main_window.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -12,8 +13,6 @@
 #include <QTest>
 #include <QTextDocument>
 #include <QToolTip>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
 #include "graph/frm_graphics.h"
+#include "gui/main_window.h"
 #include "tray/system_panel_icon.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,3 +1,4 @@
+#include "gui/main_window.h"
 #include "support/recorded_trace.h"
 
 #include <QMouseEvent>
@@ -5,8 +6,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-
-#include "gui/main_window.h"
 
 namespace {
 

@@ -1,3 +1,4 @@
+#include "gui/main_window.h"
 #include "support/one_place.h"
 #include "support/recorded_trace.h"
 
@@ -5,8 +6,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 /// The countdowns, the request of the current weather and the wait for its reply.
 class tst_UpdateCycle final : public QObject

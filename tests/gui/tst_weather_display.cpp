@@ -1,4 +1,5 @@
 #include "controls/long_text_box.h"
+#include "gui/main_window.h"
 #include "support/one_place.h"
 #include "support/recorded_trace.h"
 
@@ -6,8 +7,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 /// The way from the reply to the boxes and the output file.
 class tst_WeatherDisplay final : public QObject

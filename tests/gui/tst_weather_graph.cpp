@@ -1,9 +1,9 @@
+#include "gui/painted_graph.h"
+
 #include <QTest>
 
 #include <limits>
 #include <stdexcept>
-
-#include "gui/painted_graph.h"
 
 namespace {
 

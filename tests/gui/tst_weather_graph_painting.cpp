@@ -1,10 +1,10 @@
+#include "gui/painted_graph.h"
+
 #include <QMap>
 #include <QTest>
 
 #include <cmath>
 #include <limits>
-
-#include "gui/painted_graph.h"
 
 namespace {
 

@@ -1,3 +1,4 @@
+#include "gui/main_window.h"
 #include "support/one_place.h"
 #include "zones/frm_find_noaa_zones.h"
 
@@ -6,8 +7,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-
-#include "gui/main_window.h"
 
 /// The zone finder as the main window opens it, and what a choice does to the forecast.
 class tst_ZoneChoice final : public QObject

@@ -1,7 +1,7 @@
+#include "gui/zone_retrieval.h"
+
 #include <QApplication>
 #include <QTest>
-
-#include "gui/zone_retrieval.h"
 
 /// The ways to break off a retrieval of the zone finder.
 class tst_ZoneFinderCancel final : public QObject

@@ -1,3 +1,4 @@
+#include "gui/zone_finder.h"
 #include "net/curl_transfers.h"
 #include "support/loopback_server.h"
 
@@ -7,8 +8,6 @@
 #include <QTimer>
 
 #include <atomic>
-
-#include "gui/zone_finder.h"
 
 namespace {
 

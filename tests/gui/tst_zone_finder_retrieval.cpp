@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "gui/zone_retrieval.h"
+
+#include <QTest>
 
 /// The zone finder while it retrieves, with transfers that the test ends.
 class tst_ZoneFinderRetrieval final : public QObject

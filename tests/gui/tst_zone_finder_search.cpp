@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "gui/zone_finder.h"
+
+#include <QTest>
 
 namespace {
 

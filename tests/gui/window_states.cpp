@@ -2,6 +2,7 @@
 
 #include "controls/long_text_box.h"
 #include "controls/message_boxes.h"
+#include "gui/zone_finder.h"
 #include "zones/frm_find_noaa_zones.h"
 
 #include <QAbstractItemView>
@@ -12,8 +13,6 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QTimer>
-
-#include "gui/zone_finder.h"
 
 namespace {
 

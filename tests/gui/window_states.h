@@ -1,12 +1,12 @@
 #pragma once
 
+#include "gui/main_window.h"
+
 #include <QPalette>
 #include <QWidget>
 
 #include <functional>
 #include <vector>
-
-#include "gui/main_window.h"
 
 /// One of the states in which people see the program.
 struct ShownState

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <algorithm>
-
 #include "gui/zone_finder.h"
+
+#include <algorithm>
 
 /// A zone finder while it retrieves, with transfers that the test ends.
 class ZoneRetrieval final : public ZoneFinder

@@ -1,9 +1,8 @@
 #include "support/process_counts.h"
 #include "support/silent_name_server.h"
+#include "transfer_support.h"
 
 #include <optional>
-
-#include "transfer_support.h"
 
 using namespace std::chrono_literals;
 

@@ -1,5 +1,4 @@
 #include "support/gzip.h"
-
 #include "transfer_support.h"
 
 using namespace std::chrono_literals;

@@ -1,6 +1,6 @@
-#include <set>
-
 #include "transfer_support.h"
+
+#include <set>
 
 using namespace std::chrono_literals;
 

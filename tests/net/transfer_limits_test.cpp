@@ -1,4 +1,5 @@
 #include "support/gzip.h"
+#include "transfer_support.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -6,8 +7,6 @@
 #include <unistd.h>
 
 #include <array>
-
-#include "transfer_support.h"
 
 using namespace std::chrono_literals;
 

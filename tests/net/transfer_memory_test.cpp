@@ -1,5 +1,4 @@
 #include "support/process_counts.h"
-
 #include "transfer_support.h"
 
 // The sanitizers keep freed memory back on purpose.

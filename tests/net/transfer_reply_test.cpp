@@ -1,8 +1,8 @@
+#include "transfer_support.h"
+
 #include <array>
 #include <atomic>
 #include <vector>
-
-#include "transfer_support.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "support/test_certificates.h"
-
 #include "transfer_support.h"
 
 namespace {

@@ -1,5 +1,7 @@
 #include "pictures/contact_sheet.h"
 
+#include "gui/window_states.h"
+
 #include <QFont>
 #include <QHash>
 #include <QList>
@@ -7,8 +9,6 @@
 
 #include <algorithm>
 #include <array>
-
-#include "gui/window_states.h"
 
 namespace {
 

@@ -3,14 +3,14 @@
 //     window_pictures FOLDER [FONT]      FONT: size of the font in percent of the usual one
 //     window_pictures --sheet FOLDER     all pictures of the folder in its contact-sheet.png
 
+#include "gui/window_states.h"
+#include "pictures/contact_sheet.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QPainter>
 
 #include <cstdio>
-
-#include "gui/window_states.h"
-#include "pictures/contact_sheet.h"
 
 namespace {
 

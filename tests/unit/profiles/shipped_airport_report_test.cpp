@@ -1,12 +1,11 @@
 #include "support/qt_printers.h"
+#include "unit/profiles/airport_report.h"
+#include "unit/profiles/shipped_profiles.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <vector>
-
-#include "unit/profiles/airport_report.h"
-#include "unit/profiles/shipped_profiles.h"
 
 namespace {
 

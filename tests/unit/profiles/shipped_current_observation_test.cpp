@@ -1,8 +1,7 @@
 #include "support/qt_printers.h"
+#include "unit/profiles/shipped_profiles.h"
 
 #include <gtest/gtest.h>
-
-#include "unit/profiles/shipped_profiles.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
 #include "support/qt_printers.h"
+#include "unit/profiles/shipped_profiles.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
-
-#include "unit/profiles/shipped_profiles.h"
 
 namespace {
 

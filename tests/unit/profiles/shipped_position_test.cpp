@@ -1,11 +1,10 @@
 #include "support/qt_printers.h"
+#include "unit/profiles/shipped_profiles.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
-
-#include "unit/profiles/shipped_profiles.h"
 
 namespace {
 

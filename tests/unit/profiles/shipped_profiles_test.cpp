@@ -1,12 +1,11 @@
 #include "support/qt_printers.h"
+#include "unit/profiles/shipped_profiles.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-
-#include "unit/profiles/shipped_profiles.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include "service/one_round.h"
 #include "service/service.h"
 #include "support/qt_printers.h"
-
 #include "unit/station/station_fixture.h"
 
 using namespace std::chrono_literals;

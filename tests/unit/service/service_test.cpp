@@ -1,10 +1,9 @@
 #include "service/service.h"
 #include "support/qt_printers.h"
+#include "unit/station/station_fixture.h"
 
 #include <QDir>
 #include <QFile>
-
-#include "unit/station/station_fixture.h"
 
 using namespace std::chrono_literals;
 

@@ -1,7 +1,6 @@
 #include "service/service.h"
 #include "service/setup.h"
 #include "support/qt_printers.h"
-
 #include "unit/station/station_fixture.h"
 
 namespace {

@@ -1,5 +1,4 @@
 #include "support/qt_printers.h"
-
 #include "unit/station/station_fixture.h"
 
 namespace {

@@ -1,8 +1,7 @@
 #include "support/qt_printers.h"
+#include "unit/station/station_fixture.h"
 
 #include <QFile>
-
-#include "unit/station/station_fixture.h"
 
 using namespace std::chrono_literals;
 

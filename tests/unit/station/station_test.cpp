@@ -1,9 +1,8 @@
 #include "support/qt_printers.h"
 #include "support/recorded_trace.h"
+#include "unit/station/station_fixture.h"
 
 #include <QDir>
-
-#include "unit/station/station_fixture.h"
 
 using namespace std::chrono_literals;
 
