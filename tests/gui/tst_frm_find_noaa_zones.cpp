@@ -1,4 +1,4 @@
-#include "gui/zone_finder.h"
+#include "gui/zone_finder_test.h"
 
 #include <QApplication>
 #include <QPlainTextEdit>
@@ -8,22 +8,17 @@
 
 namespace {
 
-const QStringList kZones{"MDZ001:  Garrett", "MDZ006:  Northern Baltimore",
-                         "MDZ011:  Southern Baltimore, Including the cities of Towson",
-                         "MDZ013:  Prince Georges, Including the city of Bowie",
-                         "MDZ014:  Anne Arundel, Including the city of Towson Mill"};
-
 const QStringList kButtons{"btnNOAAZonesGetList", "btnSearch", "btnSelect", "btnCancel"};
 
 } // namespace
 
 /// The zone finder's controls: states, keys and layout.
-class tst_frmFindNOAAZones final : public QObject
+class tst_frmFindNOAAZones final : public ZoneFinderTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void hasItsControlsAndTexts();
@@ -53,25 +48,7 @@ private Q_SLOTS:
     void showsLongEntriesWhole();
     void laysOutOnlyWhatCanBeRead();
     void takesTheTextOfAZoneCodeTransfer();
-
-private:
-    [[nodiscard]] QListWidget *List() const { return m->Find<QListWidget>("lstZoneCodes"); }
-    void ClickEntry(int entry) const
-    {
-        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
-                          List()->visualItemRect(List()->item(entry)).center());
-    }
-
-    FakeTransfers m_http;
-    std::unique_ptr<ZoneFinder> m;
 };
-
-void tst_frmFindNOAAZones::init()
-{
-    m = std::make_unique<ZoneFinder>(m_http);
-    m->Open();
-    m->Fill(kZones);
-}
 
 void tst_frmFindNOAAZones::hasItsControlsAndTexts()
 {

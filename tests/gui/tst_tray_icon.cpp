@@ -1,5 +1,5 @@
 #include "graph/frm_graphics.h"
-#include "gui/main_window.h"
+#include "gui/main_window_test.h"
 #include "tray/system_panel_icon.h"
 
 #include <QApplication>
@@ -21,16 +21,12 @@ frmGraphics *Graphics()
 } // namespace
 
 /// The icon in the panel: when it is there and which picture it shows.
-class tst_TrayIcon final : public QObject
+class tst_TrayIcon final : public PanelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m = std::make_unique<MainWindow>();
-        m->panelIcon.isPanelThere = true;
-    }
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void isAddedWhenTheWindowIsLoaded();
@@ -103,8 +99,6 @@ private:
             cycle.append(set + ' ' + QString::number(qMin(i, 10)));
         return cycle;
     }
-
-    std::unique_ptr<MainWindow> m;
 };
 
 void tst_TrayIcon::isAddedWhenTheWindowIsLoaded()

@@ -1,4 +1,4 @@
-#include "gui/main_window.h"
+#include "gui/main_window_test.h"
 #include "support/recorded_trace.h"
 
 #include <QMouseEvent>
@@ -18,16 +18,12 @@ const QString kMinimisedHidden = "Form_Resize WindowState = 1IsMinimizedToTray =
 } // namespace
 
 /// What is left of the window when it is minimised, and how it comes back.
-class tst_TrayWindow final : public QObject
+class tst_TrayWindow final : public PanelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m = std::make_unique<MainWindow>();
-        m->panelIcon.isPanelThere = true;
-    }
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void hidesWhenItIsMinimised();
@@ -73,8 +69,6 @@ private:
     {
         return Window().findChild<QTimer *>("tmrPanelGone");
     }
-
-    std::unique_ptr<MainWindow> m;
 };
 
 void tst_TrayWindow::hidesWhenItIsMinimised()

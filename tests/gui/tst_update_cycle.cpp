@@ -1,4 +1,4 @@
-#include "gui/main_window.h"
+#include "gui/main_window_test.h"
 #include "support/one_place.h"
 #include "support/recorded_trace.h"
 
@@ -8,12 +8,12 @@
 #include <QTest>
 
 /// The countdowns, the request of the current weather and the wait for its reply.
-class tst_UpdateCycle final : public QObject
+class tst_UpdateCycle final : public OnePlaceTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void requestsOnTheFirstTick();
@@ -33,18 +33,7 @@ private Q_SLOTS:
     void ignoresTheReplyToAnotherProfilesRequest();
     void countsDownToTheForecastInTwentyTicks();
     void flagsAZoneCodeBesideABadStateCode();
-
-private:
-    std::unique_ptr<MainWindow> m;
 };
-
-void tst_UpdateCycle::init()
-{
-    m = std::make_unique<MainWindow>();
-    m->Write("TavrinWeatherProfiles.ini", kOnePlaceProfile);
-    QVERIFY(!m->Start());
-    m->Type("txtLocation1", "Salem");
-}
 
 void tst_UpdateCycle::requestsOnTheFirstTick()
 {

@@ -1,5 +1,5 @@
 #include "controls/long_text_box.h"
-#include "gui/main_window.h"
+#include "gui/main_window_test.h"
 #include "support/one_place.h"
 #include "support/recorded_trace.h"
 
@@ -9,12 +9,12 @@
 #include <QTest>
 
 /// The way from the reply to the boxes and the output file.
-class tst_WeatherDisplay final : public QObject
+class tst_WeatherDisplay final : public OnePlaceTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void goesFromTickToOutputFile();
@@ -33,17 +33,7 @@ private Q_SLOTS:
 private:
     void Receive(const QString &reply);
     void RequestAndReceive(const QString &reply);
-
-    std::unique_ptr<MainWindow> m;
 };
-
-void tst_WeatherDisplay::init()
-{
-    m = std::make_unique<MainWindow>();
-    m->Write("TavrinWeatherProfiles.ini", kOnePlaceProfile);
-    QVERIFY(!m->Start());
-    m->Type("txtLocation1", "Salem");
-}
 
 /// Ends the running transfer with `reply` and lets the window poll it.
 void tst_WeatherDisplay::Receive(const QString &reply)

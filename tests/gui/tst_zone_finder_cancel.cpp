@@ -1,16 +1,16 @@
-#include "gui/zone_retrieval.h"
+#include "gui/zone_finder_test.h"
 
 #include <QApplication>
 #include <QTest>
 
 /// The ways to break off a retrieval of the zone finder.
-class tst_ZoneFinderCancel final : public QObject
+class tst_ZoneFinderCancel final : public ZoneRetrievalTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Begin(); }
+    void cleanup() { Finish(); }
 
     void isCancelledAtItsCheckPoints_data();
     void isCancelledAtItsCheckPoints();
@@ -20,22 +20,7 @@ private Q_SLOTS:
     void canBeOpenedAgainOnceCancelled();
     void endsWithItsOwner();
     void endsWithItsOwnerOnceCancelled();
-
-private:
-    FakeTransfers m_http;
-    std::unique_ptr<ZoneRetrieval> m;
 };
-
-void tst_ZoneFinderCancel::init()
-{
-    m = std::make_unique<ZoneRetrieval>(m_http);
-}
-
-void tst_ZoneFinderCancel::cleanup()
-{
-    m.reset();
-    QVERIFY(m_http.open.empty()); // nothing is left on its way, however it ended
-}
 
 void tst_ZoneFinderCancel::isCancelledAtItsCheckPoints_data()
 {

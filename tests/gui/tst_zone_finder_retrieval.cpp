@@ -1,15 +1,15 @@
-#include "gui/zone_retrieval.h"
+#include "gui/zone_finder_test.h"
 
 #include <QTest>
 
 /// The zone finder while it retrieves, with transfers that the test ends.
-class tst_ZoneFinderRetrieval final : public QObject
+class tst_ZoneFinderRetrieval final : public ZoneRetrievalTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Begin(); }
+    void cleanup() { Finish(); }
 
     void showsEachStep();
     void roundsPercentages();
@@ -27,24 +27,7 @@ private Q_SLOTS:
     void tellsThatNothingWasFound();
     void endsSilentlyAtAForeignFile();
     void endsSilentlyWithoutAState();
-
-private:
-    FakeTransfers m_http;
-    std::unique_ptr<ZoneRetrieval> m;
 };
-
-void tst_ZoneFinderRetrieval::init()
-{
-    m_http.refuseOpen = false;
-    m_http.calls.clear();
-    m = std::make_unique<ZoneRetrieval>(m_http);
-}
-
-void tst_ZoneFinderRetrieval::cleanup()
-{
-    m.reset();
-    QVERIFY(m_http.open.empty()); // nothing is left on its way, however it ended
-}
 
 void tst_ZoneFinderRetrieval::showsEachStep()
 {

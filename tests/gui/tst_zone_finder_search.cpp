@@ -1,23 +1,14 @@
-#include "gui/zone_finder.h"
+#include "gui/zone_finder_test.h"
 
 #include <QTest>
 
-namespace {
-
-const QStringList kZones{"MDZ001:  Garrett", "MDZ006:  Northern Baltimore",
-                         "MDZ011:  Southern Baltimore, Including the cities of Towson",
-                         "MDZ013:  Prince Georges, Including the city of Bowie",
-                         "MDZ014:  Anne Arundel, Including the city of Towson Mill"};
-
-} // namespace
-
 /// The search in the zone finder's list, and the choice of a zone.
-class tst_ZoneFinderSearch final : public QObject
+class tst_ZoneFinderSearch final : public ZoneFinderTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Begin(); }
     void cleanup() { m.reset(); }
 
     void findsPlacesWhateverTheCase();
@@ -34,25 +25,7 @@ private Q_SLOTS:
     void handsBackTheStateOfTheMoment();
     void handsBackNothingWithoutASelection();
     void handsBackNothingWithoutAState();
-
-private:
-    [[nodiscard]] QListWidget *List() const { return m->Find<QListWidget>("lstZoneCodes"); }
-    void ClickEntry(int entry) const
-    {
-        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
-                          List()->visualItemRect(List()->item(entry)).center());
-    }
-
-    FakeTransfers m_http;
-    std::unique_ptr<ZoneFinder> m;
 };
-
-void tst_ZoneFinderSearch::init()
-{
-    m = std::make_unique<ZoneFinder>(m_http);
-    m->Open();
-    m->Fill(kZones);
-}
 
 // --- search
 
