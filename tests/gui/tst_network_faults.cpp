@@ -506,7 +506,7 @@ void tst_NetworkFaults::RunRow(Kind kind)
     // A thread that has ended, and the host's side of a connection, go a little later.
     QVERIFY(WaitUntil([=] { return OpenDescriptors() <= descriptors; }, kPatience));
     QVERIFY(WaitUntil([=] { return RunningThreads() <= threads; }, kPatience));
-    // The sanitizers keep freed memory back on purpose.
+    // The sanitizers hold on to freed memory.
     QVERIFY2(kSanitized || PrivateMemory() <= memory + kMoreMemory,
              qPrintable(QString("%1 KiB, now %2").arg(memory).arg(PrivateMemory())));
 }

@@ -12,7 +12,7 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 
 } // namespace
 
-/// The members of the temperature graph, which no form of the program has.
+/// The members of the temperature graph, a component for other programs that no form here uses.
 class tst_WeatherGraph final : public QObject
 {
     Q_OBJECT

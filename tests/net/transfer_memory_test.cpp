@@ -1,7 +1,7 @@
 #include "support/process_counts.h"
 #include "transfer_support.h"
 
-// The sanitizers keep freed memory back on purpose.
+// The sanitizers hold on to freed memory.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
 namespace {

@@ -267,7 +267,7 @@ TEST_F(MinMaxStore, SameDayNumberOfAnotherMonthIsTheSameDay)
 
 TEST_F(MinMaxStore, RestartAfterARolloverFindsTheDayBeforeYesterday)
 {
-    // The oddity of the rollover, seen from the next start: the file holds the older pair.
+    // A rollover files the older pair under the day that has ended, where the next start finds it.
     MinMaxTemps minMax{.TodayMinTemp = 40,
                        .TodayMaxTemp = 60,
                        .PrevMinTemp = 35,
