@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array kVariables{"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
 
-/// The three variables as a test sets them; empty: not set. Puts the real ones back.
+/// Sets the three variables for a test (empty: unset) and restores them afterwards.
 class X11Preference : public testing::Test
 {
 public:
@@ -25,7 +25,7 @@ public:
     Q_DISABLE_COPY_MOVE(X11Preference)
 
 protected:
-    /// What the toolkit is asked for.
+    /// The platform that the toolkit is then asked for.
     static QByteArray Platform(const QByteArray &chosen, const QByteArray &wayland,
                                const QByteArray &x11)
     {

@@ -23,7 +23,7 @@ TEST_P(NumberPictures, GiveText)
 }
 
 const PictureCase kCases[] = {
-    // Halves go away from zero in the decimal form, not in the binary one.
+    // Halves round away from zero, judged by the decimal form and not the binary one.
     {.name = "HalfUp", .value = 1.45, .picture = "0.0", .expected = "1.5"},
     {.name = "HalfUpTwoPlaces", .value = 5.015, .picture = "0.00", .expected = "5.02"},
     {.name = "NegativeHalfAwayFromZero", .value = -3.25, .picture = "0.0", .expected = "-3.3"},
@@ -90,7 +90,7 @@ const PictureCase kCases[] = {
     {.name = "SemicolonInQuotesPartsNothing", .value = 5, .picture = "0\";\"", .expected = "5;"},
     {.name = "EmptyPictureIsTheNumber", .value = 68.4, .picture = "", .expected = "68.4"},
 
-    // Small negative values: no minus in front of nothing but zeros.
+    // Small negative values: no minus sign if only zeros follow.
     {.name = "NegativeZeroHasNoMinus", .value = -0.04, .picture = "0.0", .expected = "0.0"},
     {.name = "NegativeThatRoundsToZeroIsEmptyInAHash",
      .value = -0.3,

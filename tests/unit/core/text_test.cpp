@@ -44,7 +44,7 @@ TEST(IndexOf, TakesTheFirstOfSeveral)
 
 TEST(IndexOf, IsNotDeceivedByItsMarks)
 {
-    // The second and the last character but one of the needle, with others between and around them.
+    // The needle's second and last but one characters, with others between and around them.
     const QString text = QString(100, u'x') + QString("<taggt <t-g> tag> tg <TAG> <ta g>");
     EXPECT_EQ(IndexOf(text, u"<tag>"), -1);
     EXPECT_EQ(IndexOf(text + QString("<tag>"), u"<tag>"), text.size());

@@ -34,8 +34,8 @@ TEST(TraceLine, StaysOneLine)
 
 TEST(TraceLine, StaysOneLineForEveryReader)
 {
-    // What one reader or another takes for a line end: vertical tab, form feed, the separators 28
-    // to 30, next line, line and paragraph separator.
+    // What some readers treat as a line end: vertical tab, form feed, separators 28 to 30, next
+    // line, line and paragraph separator.
     EXPECT_EQ(TraceLineBytes("a\vb\fc\x1C"
                              "d\x1D"
                              "e\x1E"
@@ -59,7 +59,7 @@ TEST(TraceSink, AppendsToTheFileLineByLine)
         const auto sink = OpenTraceSink(path);
         ASSERT_NE(sink, nullptr);
         sink->Line("first");
-        EXPECT_EQ(Contents(path), "first\n"); // there before the sink is closed
+        EXPECT_EQ(Contents(path), "first\n"); // written before the sink is closed
     }
     OpenTraceSink(path)->Line("second");
 
@@ -97,16 +97,16 @@ TEST(TraceSink, IsNoneUnlessAskedFor)
 #endif
 
 #ifdef Q_OS_UNIX
-/// Runs `print` in a process of its own whose standard output and error output are a pipe that
-/// nobody reads any more.
-/// @return the exit code of that process, 0 when it has come to its end; -1 when a signal ended it.
+/// Runs `print` in a separate process whose standard output and error go to a pipe that nobody
+/// reads any more.
+/// @return its exit code, 0 if it ran to its end; -1 if a signal killed it.
 int ExitCodeWithoutAReader(void (*print)())
 {
     std::array<int, 2> ends = {};
     if (::pipe(ends.data()) != 0)
         return -2;
     ::close(ends[0]);
-    std::fflush(nullptr); // or what waits in the buffers would be written twice
+    std::fflush(nullptr); // or buffered text would be written twice
     const pid_t child = ::fork();
     if (child == 0) {
         std::signal(SIGPIPE, SIG_DFL); // as at the start of a program

@@ -40,7 +40,7 @@ TEST(Windows1252, KeepsAsciiNulAndLatin1)
 {
     const QByteArray bytes("a\0\x7F\xA0\xB0\xE9\xFF", 7);
     const char16_t units[] = {u'a', 0, 0x7F, 0xA0, 0xB0, 0xE9, 0xFF};
-    const QStringView expected(units, 7); // the length is given: the NUL does not end it
+    const QStringView expected(units, 7); // with a length, so the NUL does not end it
 
     EXPECT_EQ(FromWindows1252(bytes), expected);
     EXPECT_EQ(ToWindows1252(expected), bytes);
@@ -57,7 +57,7 @@ TEST(Windows1252, PutsAQuestionMarkForWhatItLacks)
 
 TEST(Windows1252, LacksTheCharactersBehindItsOwnBytes)
 {
-    // U+0080 is no character of the code page: its byte stands for the euro sign.
+    // U+0080 is not in the code page: its byte is the euro sign.
     const char16_t text[] = {0x80, 0x9F};
 
     EXPECT_EQ(ToWindows1252(QStringView(text)), QByteArray("??"));

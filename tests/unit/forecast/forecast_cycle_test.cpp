@@ -27,7 +27,7 @@ protected:
 
 TEST_F(ForecastRounds, TakesTheForecast)
 {
-    EXPECT_EQ(Poll(), ForecastPoll::Waiting); // nothing was asked for
+    EXPECT_EQ(Poll(), ForecastPoll::Waiting); // nothing has been requested
     ASSERT_TRUE(Request());
     EXPECT_EQ(Poll(), ForecastPoll::Waiting);
 
@@ -76,7 +76,7 @@ TEST_F(ForecastRounds, RepeatsOnWhenThePortIsJustBeingTyped)
     ASSERT_EQ(Poll(), ForecastPoll::RequestAgain);
     ASSERT_TRUE(cycle.CountDown(30000));
 
-    http.refuseOpen = true; // the port's box is empty at this moment
+    http.refuseOpen = true; // the port box is empty at this moment
     EXPECT_FALSE(Request(""));
 
     EXPECT_EQ(cycle.ForecastRequestCountdown(), 30000);

@@ -66,7 +66,7 @@ TEST_F(ForecastOutput, KeepsOtherWritersKeys)
 
 TEST_F(ForecastOutput, ChangesNothingWhereItCannotWrite)
 {
-    ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in the file's place
+    ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in place of the file
 
     DirectFileWriter().Put(ForecastPatch(file, profile, 2026));
 

@@ -15,7 +15,7 @@ protected:
 
     ForecastPoll Poll() { return PollForecast(forecast, profile, handle, http, status); }
 
-    /// A request that ends with this reply.
+    /// Makes a request that ends with this reply.
     ForecastPoll Receive(const QString &reply)
     {
         EXPECT_TRUE(Request());
@@ -158,7 +158,7 @@ TEST_F(ForecastRequest, LooksForTheZoneThatWasAskedFor)
 
 TEST_F(ForecastRequest, DropsOuterSpacesOnly)
 {
-    // The line end at the front counts as one of the five characters that go.
+    // The leading line end counts as one of the five characters that are dropped.
     EXPECT_EQ(Receive("   \n1234 HEADER\nBODY\t \n  "), ForecastPoll::ShowAndSave);
 
     EXPECT_EQ(profile.forecastText, "BODY\t \r\n");

@@ -28,7 +28,7 @@ QString Label(int now, const std::array<bool, 4> &checked)
         .text;
 }
 
-/// A window whose schedule is looked at once a second.
+/// A window that checks its schedule once a second.
 class ForecastSchedule : public testing::Test
 {
 protected:
@@ -108,7 +108,7 @@ const LabelCase kLabelCases[] = {
 INSTANTIATE_TEST_SUITE_P(Table, ScheduleLabel, testing::ValuesIn(kLabelCases),
                          [](const auto &test) { return std::string(test.param.name); });
 
-/// The seconds that a label tells; -1 for any other text.
+/// The seconds that a label counts down; -1 for any other text.
 int SecondsOf(const QString &label)
 {
     const QString prefix = "Next Update in ";
@@ -129,7 +129,7 @@ TEST(ScheduleLabelProperty, IsTheTrueWaitInEverySecondOfADayForEveryChoice)
         for (int now = 0; now < kDay; ++now) {
             const QString label = Label(now, checked);
             const int wait = SecondsOf(label);
-            // Counted anew: never negative, never more than a day, and a checked slot at its end.
+            // Counted afresh: never negative, never more than a day, and ending at a checked slot.
             ASSERT_GE(wait, 1) << label.toStdString() << " at " << now;
             ASSERT_LE(wait, kDay) << label.toStdString() << " at " << now;
             ASSERT_EQ((now + wait) % At(6), 0) << label.toStdString() << " at " << now;
@@ -190,7 +190,7 @@ TEST_F(ForecastSchedule, LosesASlotWhoseLocationIsMissing)
 {
     input.zoneCode = u"";
     EXPECT_FALSE(Tick(At(6)).startRequest);
-    EXPECT_EQ(Tick(At(6)).text, "Next Update in 6:00:00"); // "Invalid Location" does not stay
+    EXPECT_EQ(Tick(At(6)).text, "Next Update in 6:00:00"); // "Invalid Location" goes away
 
     input.zoneCode = u"MDZ011"; // typed too late
     EXPECT_EQ(Requests(At(6, 0, 1), At(12)), Times());
@@ -228,7 +228,7 @@ TEST_F(ForecastSchedule, DoesNothingAtAllWithTwoImproperCodes)
     input.stateCode = u"OREGON";
     input.countdown = 5000;
     EXPECT_EQ(Tick(At(6, 0, 11)).text, "Invalid Zone Code/State");
-    EXPECT_TRUE(fired[1]); // not even forgotten
+    EXPECT_TRUE(fired[1]); // not even reset
 
     input.countdown = 0;
     EXPECT_FALSE(Tick(At(12)).startRequest);
@@ -346,7 +346,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ScheduleClockChange, testing::ValuesIn(kClockCha
 TEST_F(ForecastSchedule, IsLostWithoutATickInTheWindow)
 {
     EXPECT_FALSE(Tick(At(5, 59, 59)).startRequest);
-    EXPECT_FALSE(Tick(At(6, 0, 11)).startRequest); // the program stood still for twelve seconds
+    EXPECT_FALSE(Tick(At(6, 0, 11)).startRequest); // the program was stalled for twelve seconds
 }
 
 } // namespace

@@ -29,7 +29,7 @@ TEST_P(ForecastProduct, IsCleaned)
     EXPECT_EQ(CleanForecast(c.product, c.zone), c.expected);
 }
 
-// The header's first line goes, with all ahead of it; names and time of issue stay.
+// The header's first line is dropped with everything before it; names and time of issue stay.
 const ProductCase kProductCases[] = {
     {.name = "UpperCaseOfOneZone",
      .zone = "mdz011",
@@ -73,8 +73,8 @@ const ProductCase kProductCases[] = {
                 ".TODAY...Mostly sunny. South winds 5 mph.\n"
                 "\n"
                 "$$",
-     // The three periods of the headline become ". ", so that the line begins with a period as a
-     // heading does.
+     // The headline's three periods become ". ", so the line begins with a period, as a heading
+     // does.
      .expected = "Eastern Monmouth-\r\n"
                  "400 AM EST Fri Jan 9 2026\r\n"
                  "\r\n"
@@ -102,7 +102,7 @@ const ProductCase kProductCases[] = {
     {.name = "TablesAfterTheForecast",
      .zone = "MDZ011",
      .product = "MDZ011-222100-\n.TONIGHT...CLEAR.\n&&\nTEMPERATURE 12 20\n&&\n$$",
-     .expected = ".TONIGHT. CLEAR.\r\n"}, // no line end ahead of this period
+     .expected = ".TONIGHT. CLEAR.\r\n"}, // no line end before this period
     {.name = "TablesOfAnotherZoneBehindTheEnd",
      .zone = "MDZ011",
      .product = "MDZ011-222100-\nCLEAR.\n$$\nMDZ012\n&&\n",
@@ -183,11 +183,11 @@ TEST(CleanForecast, FindsTheFirstPlaceOfTheCode)
     EXPECT_EQ(CleanForecast(u"MDZ011-1\nA\nMDZ011-2\nB", "MDZ011"), "A\r\nMDZ011-2\r\nB");
 }
 
-// Long products are cleaned in pieces. Wherever one ends, no mark is parted.
+// Long products are cleaned in pieces. No mark may be split, wherever a piece ends.
 TEST(CleanForecast, CleansLongProductsAsShortOnes)
 {
     constexpr qsizetype kMany = 4000;
-    const QString line = "COLD...WINDY\n.TODAY\n"; // 20 characters: every place in turn
+    const QString line = "COLD...WINDY\n.TODAY\n"; // 20 characters: each end in turn
     const QString cleaned = "COLD. WINDY\r\n\r\nTODAY\r\n";
     for (const char *shift : {"", "A", "AB", "ABC", "ABCD", "ABCDE"}) {
         const QString front = QString("MDZ011-1-\n") + shift;

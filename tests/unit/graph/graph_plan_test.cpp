@@ -8,9 +8,9 @@
 
 namespace {
 
-// A line of 16 pixels: 8 beside the plot, 12 along the edge. With these widths a control of 350 x
-// 196 leaves a plot of 240 x 120 at (50, 36): 10 pixels to an hour, and with a scale from 40 to 80
-// 3 pixels to a degree.
+// A line of text is 16 pixels high: 8 beside the plot, 12 along the edge. With these widths, a
+// control of 350 x 196 leaves a plot of 240 x 120 at (50, 36): 10 pixels per hour and, on a scale
+// from 40 to 80, 3 pixels per degree.
 constexpr GraphTextSizes kSizes{.height = 16, .label = 30, .mark = 40, .hour = 44};
 constexpr QSizeF kSize(350, 196);
 
@@ -75,7 +75,7 @@ TEST(PlanGraph, LeavesRoomForTheTexts)
 
     EXPECT_EQ(graph.plan.plot, QRectF(50, 36, 240, 120));
     EXPECT_EQ(graph.plan.labelStep, 1); // 30 pixels from line to line
-    EXPECT_EQ(graph.plan.hourStep, 6);  // 44 and 8 pixels need six hours of 10
+    EXPECT_EQ(graph.plan.hourStep, 6);  // 44 + 8 pixels take six hours of 10
     ASSERT_EQ(graph.plan.hours.size(), 4U);
     EXPECT_EQ(graph.plan.hours[1].caption, "6 AM");
     EXPECT_EQ(graph.plan.hours[1].box, QRectF(110 - 22, 168, 44, 16));
@@ -85,7 +85,7 @@ TEST(PlanGraph, GivesTheWidthBackWhenThereIsNothingToMark)
 {
     const Placed graph(DayOf({}));
 
-    EXPECT_EQ(graph.plan.plot, QRectF(50, 36, 288, 120)); // to 12 from the right edge
+    EXPECT_EQ(graph.plan.plot, QRectF(50, 36, 288, 120)); // up to 12 from the right edge
     EXPECT_FALSE(graph.plan.highest.visible);
     EXPECT_FALSE(graph.plan.lowest.visible);
 }
@@ -97,7 +97,7 @@ TEST(PlanGraph, GivesWideTextsAFourthOfTheWidthAtMost)
 
     const GraphPlan plan = PlanGraph(day, {400, 196}, MakeTexts(day), wide);
 
-    // 12 and 8 pixels around 100 at either side.
+    // On either side, 12 and 8 pixels around 100.
     EXPECT_EQ(plan.plot, QRectF(120, 36, 160, 120));
     EXPECT_EQ(plan.highest.box, QRectF(288, 58, 100, 16));
 }
@@ -119,12 +119,12 @@ TEST(PlanGraph, PartsExtremesThatAreClose)
     EXPECT_EQ(between.plan.highest.box, QRectF(298, 77, 40, 16));
     EXPECT_EQ(between.plan.lowest.box, QRectF(298, 93, 40, 16));
 
-    // At the upper edge, 36, and 39: nothing goes higher than half a line above it.
+    // Lines at the upper edge, 36, and at 39: no text goes more than half a line above the edge.
     const Placed above(DayOf({{3, 79}, {15, 80}}));
     EXPECT_EQ(above.plan.highest.box, QRectF(298, 28, 40, 16));
     EXPECT_EQ(above.plan.lowest.box, QRectF(298, 44, 40, 16));
 
-    // At 153 and the lower edge, 156.
+    // Lines at 153 and at the lower edge, 156.
     const Placed below(DayOf({{3, 40}, {15, 41}}));
     EXPECT_EQ(below.plan.highest.box, QRectF(298, 132, 40, 16));
     EXPECT_EQ(below.plan.lowest.box, QRectF(298, 148, 40, 16));
@@ -168,7 +168,7 @@ TEST(PlaceElements, ShowsNoMarkerOffTheScale)
     EXPECT_FALSE(graph.elements.cirTemp[1].visible);
     EXPECT_FALSE(graph.elements.cirTemp[2].visible);
     EXPECT_TRUE(graph.elements.linTemp[1].visible);                   // runs out of the plot
-    EXPECT_EQ(graph.elements.linTemp[1].line, QLineF(50, 36, 62, 6)); // 12 pixels to an hour
+    EXPECT_EQ(graph.elements.linTemp[1].line, QLineF(50, 36, 62, 6)); // 12 pixels per hour
     EXPECT_FALSE(graph.elements.linMinTemp.visible);
     EXPECT_FALSE(graph.elements.linMaxTemp.visible);
 }
@@ -193,7 +193,7 @@ TEST(PlaceElements, PutsOneTickAtEachHour)
     const Placed graph(DayOf({{3, 50}, {15, 70}}));
     const std::vector<GraphLine> &ticks = graph.elements.linHour;
 
-    EXPECT_EQ(ticks[0].line, QLineF(50, 156, 50, 162)); // named, so a little longer
+    EXPECT_EQ(ticks[0].line, QLineF(50, 156, 50, 162)); // labelled, so a little longer
     EXPECT_EQ(ticks[1].line, QLineF(60, 156, 60, 160));
     EXPECT_EQ(ticks[23].line, QLineF(280, 156, 280, 160));
     EXPECT_TRUE(ticks[23].visible);
@@ -243,7 +243,7 @@ TEST(PlaceElements, LeavesTheDateItsWidth)
     EXPECT_EQ(elements.lblDate.box, QRectF(0, 12, 350, 16));
 }
 
-/// All texts that are to be seen.
+/// All visible texts.
 std::vector<QRectF> Texts(const Placed &graph, double width)
 {
     std::vector<QRectF> boxes;

@@ -84,7 +84,7 @@ TEST(DrawnScale, IsMissingWhereNothingCanBeDrawn)
     EXPECT_FALSE(DrawnScale(DayOf(0, kInfinity, {50})));
     EXPECT_FALSE(DrawnScale(DayOf(kInfinity, kInfinity, {40, 50})));
     EXPECT_FALSE(DrawnScale(DayOf(kNaN, 80, {50})));
-    // One degree to either side is lost in a number as large as this.
+    // One degree either way is lost in a number this large.
     EXPECT_FALSE(DrawnScale(DayOf(1e300, 1e300, {})));
 }
 

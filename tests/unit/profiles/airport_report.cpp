@@ -22,7 +22,7 @@ QString Shown(const std::optional<QString> &text)
     return text.value_or(kNone.toString());
 }
 
-/// What all three profiles show alike.
+/// What all three profiles show in the same way.
 WeatherValues CommonValues(const AirportReport &report, const QString &unit)
 {
     WeatherValues values = NothingKnown(unit);

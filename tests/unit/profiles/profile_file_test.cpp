@@ -23,7 +23,7 @@ protected:
     TestFolder folder;
 };
 
-// The words of the file, spelled out once more: a key that the program misspells is a key lost.
+// The file's keys, spelled out again: a key that the program misspells is lost.
 const std::array<const char *, kQuantityCount> kStems{
     "temperature", "conditions", "windspeed", "windDir",    "humidity", "atmosPress",
     "dewPoint",    "windchill",  "heatindex", "visibility", "sunrise",  "sunset",
@@ -255,7 +255,7 @@ TEST_F(ProfileFile, ForecastTakesWhatTheFileHas)
     EXPECT_EQ(forecast.baseURL, QString("B"));
     EXPECT_EQ(forecast.copyright, QString("C %YEAR%, %YEAR%"));
     EXPECT_EQ(forecast.copyrightURL, QString("U"));
-    EXPECT_EQ(forecast.description, QString("one[CRLF]two")); // no line mark here
+    EXPECT_EQ(forecast.description, QString("one[CRLF]two")); // a line mark has no meaning here
 }
 
 TEST_F(ProfileFile, ForecastKeyThatIsBlankIsNotDefaulted)

@@ -13,7 +13,7 @@ constexpr std::size_t kUsUnits = 1;
 constexpr std::size_t kMetric = 2;
 constexpr std::size_t kWithConditions = 3;
 
-/// Checks the three profiles on one report.
+/// Checks the three profiles against one report.
 void ExpectValues(const AirportReport &report, const QString &station = "EDXX")
 {
     const QString reply = ReplyText(report, station);
@@ -32,7 +32,7 @@ void ExpectValues(const AirportReport &report, const QString &station = "EDXX")
     expect(kWithConditions, IsTakenWithConditions(report), MetricValuesWithConditions(report));
 }
 
-/// The lines that may be missing, as bits of a number.
+/// The full report without the optional lines whose bits are not set.
 AirportReport WithLines(unsigned lines)
 {
     AirportReport report = FullReport();
@@ -170,7 +170,7 @@ TEST(ShippedAirportReport, ReadsFreezingPointAndZeroFahrenheit)
     AirportReport report = FullReport();
     report.temperature = {{"32 F (0 C)", "32.0 F", "0.0 C"}};
     report.dewPoint = {{"32 F (0 C)", "32.0 F", "0 C"}};
-    report.windChill = {{"0 F (-18 C):1", "N/A", "-18 C"}}; // 0 F cannot be told from nothing
+    report.windChill = {{"0 F (-18 C):1", "N/A", "-18 C"}}; // 0 F cannot be told from no value
     ExpectValues(report);
 
     report.temperature = {{"0 F (-18 C)", "0.0 F", "-18.0 C"}};
@@ -188,7 +188,7 @@ TEST(ShippedAirportReport, ReadsPressureWithOneDecimalAndWithALeadingZero)
 
 TEST(ShippedAirportReport, IsNotMisledByTheStationsCode)
 {
-    // Codes that hold pieces of what the profiles search for.
+    // Codes that contain pieces of what the profiles search for.
     for (const char *station : {"UTTT", "KUTS", "EDDT", "ZBAA", "NZAA", "EGCC"}) {
         ExpectValues(BareReport(), station);
         ExpectValues(FullReport(), station);

@@ -76,7 +76,7 @@ WeatherValues FullValues()
     return values;
 }
 
-/// An element that may be missing and what its value then reads.
+/// An element that may be missing, and its value then.
 struct OptionalElement
 {
     const char *name;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kProfile = 5;
 
-/// Every quantity that the profile reads stands on a line of its own, but the description.
+/// Every quantity that the profile reads is on a line of its own, except the description.
 constexpr const char *kFullReply = R"({
   "current_condition": [
       {
@@ -97,7 +97,7 @@ WeatherValues FullValues()
     return values;
 }
 
-/// A line that may be missing and the values that are then not available.
+/// A line that may be missing, and the values that are then not available.
 struct OptionalLine
 {
     const char *name;

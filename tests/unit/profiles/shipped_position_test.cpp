@@ -13,7 +13,7 @@ constexpr std::size_t kUsUnits = 7;
 
 using Members = std::vector<std::pair<QString, QString>>;
 
-/// The members whose values the profiles read, in the order in which they are asked for.
+/// The members whose values the profiles read, in the order of the request.
 Members MetricMembers()
 {
     return {{"temperature_2m", "21.6"},
@@ -45,7 +45,7 @@ Members UsMembers()
             {"uv_index_max", "[8.10]"}};
 }
 
-/// Replaces the value of one member; "" takes the member out.
+/// Replaces the value of one member; "" removes the member.
 Members With(Members members, const QString &name, const QString &value)
 {
     std::erase_if(members, [&](const auto &m) { return value.isEmpty() && m.first == name; });
@@ -98,8 +98,8 @@ WeatherValues UsValues()
     values[Quantity::Humidity] = "65%";
     values[Quantity::AtmosPress] = "29.92 in"; // 1013.2 x 0.02953 = 29.9198
     values[Quantity::DewPoint] = "68.1 F";
-    // The regression's terms of 81 and 65, in its order: -42.379 + 165.97023 + 659.31653
-    // - 1183.33723 - 44.86300 - 231.60254 + 524.01460 + 291.85632 - 55.16325 = 83.81266
+    // The regression's terms for 81 and 65, in order: -42.379 + 165.97023 + 659.31653 - 1183.33723
+    // - 44.86300 - 231.60254 + 524.01460 + 291.85632 - 55.16325 = 83.81266
     values[Quantity::HeatIndex] = "83.8 F";
     values[Quantity::Visibility] = kNotDelivered.toString();
     values[Quantity::Sunrise] = "05:44";
@@ -109,7 +109,7 @@ WeatherValues UsValues()
     return values;
 }
 
-/// A member that may be null or missing and the values that are then not available.
+/// A member that may be null or missing, and the values that are then not available.
 struct OptionalMember
 {
     const char *name;
@@ -138,7 +138,7 @@ void LeaveOut(Members &members, WeatherValues &expected, const OptionalMember &m
     }
 }
 
-/// "" for a member that is missing.
+/// "": the member is missing.
 class ShippedPosition : public testing::TestWithParam<const char *>
 {
 };

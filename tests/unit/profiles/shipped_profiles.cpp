@@ -4,7 +4,7 @@
 
 namespace {
 
-/// What only the form of a reply has: labels, mark-up, words of another line.
+/// What belongs to a reply's form alone: labels, mark-up, words of another line.
 constexpr std::array kPieces{
     u"Wind:",       u"Windchill",
     u"Visibility",  u"Sky conditions",

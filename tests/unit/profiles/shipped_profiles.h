@@ -9,11 +9,11 @@
 
 #include <cstddef>
 
-/// The profiles as they are shipped.
+/// The shipped profiles.
 [[nodiscard]] IniPath ShippedProfileFile();
 [[nodiscard]] const ProfileTable &ShippedProfiles();
 
-/// What a reply became.
+/// What became of a reply.
 struct Outcome
 {
     bool parsed = false;
@@ -23,23 +23,23 @@ struct Outcome
     QList<double> temps = {}; ///< Readings that went to the min/max store.
 };
 
-/// Parses `reply` with the shipped profile of this number; location 1 is "HERE", the clock stands
-/// at 5 March 2026, 6:07:08 AM, one hour ahead of UTC, and the min/max store is neutral.
+/// Parses `reply` with the shipped profile of this number; location 1 is "HERE", the clock shows 5
+/// March 2026, 6:07:08 AM, one hour ahead of UTC, and the min/max store is neutral.
 [[nodiscard]] Outcome Parse(std::size_t index, const QString &reply);
 
 /// The value fields as text, one `name=value` per line in the record's order.
 [[nodiscard]] QString Lines(const WeatherValues &values);
 
-/// What the parser shows where the reply names no place and no time.
+/// What the parser shows if the reply names no place and no time.
 inline constexpr QStringView kEnteredPlace = u"HERE";
 inline constexpr QStringView kClockTime = u"3/5/2026 6:07:08 AM";
 
 inline constexpr QStringView kNone = u"N/A";
 inline constexpr QStringView kNotDelivered = u"Not Available From Service";
 
-/// Values of a profile whose service delivers nothing: all "N/A" but those that never depend on the
-/// reply. `unit` is " F" or " C".
+/// Values of a profile whose service delivers nothing: all "N/A" except those that never depend on
+/// the reply. `unit` is " F" or " C".
 [[nodiscard]] WeatherValues NothingKnown(const QString &unit);
 
-/// `text` with every line that holds `piece` taken out.
+/// `text` without the lines that contain `piece`.
 [[nodiscard]] QString WithoutLine(const QString &text, const QString &piece);

@@ -62,7 +62,7 @@ TEST_F(ServiceReporter, SaysWhatIsMissingOnceUntilItIsSomethingElse)
 {
     reporter.Missing(Product::Weather, "location1");
     reporter.Missing(Product::Weather, "location1");
-    Fail(Product::Weather, "no address"); // follows from it
+    Fail(Product::Weather, "no address"); // because it is missing
     EXPECT_EQ(Said(), QStringList("the weather is not set up: location1"));
 
     reporter.Missing(Product::Weather, "location2");

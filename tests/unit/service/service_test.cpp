@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A service whose seconds the test lets pass.
+/// A service whose seconds pass when the test says so.
 class ServiceRun : public StationFixture
 {
 protected:
@@ -154,7 +154,7 @@ TEST_F(ServiceRun, ReadsTheFilesAnewWhenAsked)
     StartService();
     PassServiceSeconds(2);
     service->Reload();
-    EXPECT_EQ(said.size(), 2); // somebody looks
+    EXPECT_EQ(said.size(), 2); // somebody wants to know
     EXPECT_EQ(said[1], said[0]);
 
     WriteSettings(kComplete);

@@ -8,7 +8,7 @@ namespace {
 class ServiceSetup : public StationFixture
 {
 protected:
-    /// What is said of the files as they are now, with their folder as "~".
+    /// The report on the files as they are now, with "~" for their folder.
     QString Report()
     {
         MakeStation(Owner::Service);

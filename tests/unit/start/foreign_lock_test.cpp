@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] bool LockWhole() const { return ::flock(m_handle, LOCK_EX | LOCK_NB) == 0; }
 
-    /// The kind of lock that whoever can read the file gets.
+    /// The kind of lock that anyone who can read the file can take.
     [[nodiscard]] bool LockForReading() const
     {
         struct flock all = {};
@@ -47,20 +47,20 @@ private:
     int m_handle;
 };
 
-/// A lock file that a copy of ours left behind, and somebody who may only read it.
+/// A lock file that a copy of the program left behind, and somebody who may only read it.
 class ForeignLock : public SessionLockFile
 {
 protected:
     void SetUp() override
     {
-        WriteHolder("2147483647"); // more than the system gives away
+        WriteHolder("2147483647"); // higher than any that the system assigns
         LeaveOthers(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther,
                     0755);
         const AsAnotherUser reader;
         m_reader.emplace(m_path, O_RDONLY);
     }
 
-    /// The session is taken under this process's name, and seen to be by everyone.
+    /// The session is taken in this process's name, and everyone sees that it is held.
     void ExpectTaken() const
     {
         SessionLock lock(m_path);
@@ -117,7 +117,7 @@ TEST_F(ForeignLock, OfAReaderThatGoesLeavesTheLockHeld)
 TEST_F(ForeignLock, OfAnOlderCopyCountsWhileThatRuns)
 {
     const OpenedFile older(m_path, O_RDWR);
-    ASSERT_TRUE(older.LockWhole()); // all that it does
+    ASSERT_TRUE(older.LockWhole()); // an older copy does no more
     std::optional<ForkedCopy> copy(ForkedCopy::Start::Finished);
     WriteHolder(QByteArray::number(copy->ProcessId()));
 
@@ -134,7 +134,7 @@ std::unique_ptr<ForkedCopy> CopyNamed(const char *name)
 {
     std::array<char, 16> own = {};
     ::prctl(PR_GET_NAME, own.data());
-    ::prctl(PR_SET_NAME, name); // which a fork has from its thread
+    ::prctl(PR_SET_NAME, name); // the fork inherits its thread's name
     auto copy = std::make_unique<ForkedCopy>(ForkedCopy::Start::Finished);
     ::prctl(PR_SET_NAME, own.data());
     return copy;
@@ -239,8 +239,8 @@ TEST_F(SessionLockFile, CallsACopyThatListens)
 
 TEST_F(SessionLockFile, DoesNotKillACopyThatHasOnlyBegunToStart)
 {
-    // What a holder left that was killed, while the next one has not written its own name yet; the
-    // number is that of a third copy by now.
+    // Left by a holder that was killed. The next one has not written its own name yet, and the
+    // number now belongs to a third copy.
     ForkedCopy copy(ForkedCopy::Start::JustBegun);
 
     CallBeside(m_path, copy);
@@ -270,11 +270,11 @@ TEST_F(SessionLockFile, CallsNoOtherProgram)
     ASSERT_EQ(second.Take(), Outcome::Held);
 
     WriteHolder("1");
-    second.CallHolder(); // would end the one, were it not for its name
+    second.CallHolder(); // would kill process 1 but for its name
     WriteHolder("0");
-    second.CallHolder(); // would be for all of this group
+    second.CallHolder(); // would reach all of this process group
     WriteHolder("-1");
-    second.CallHolder(); // for everyone
+    second.CallHolder(); // would reach everyone
     ASSERT_TRUE(QFile::remove(m_path));
     second.CallHolder();
 

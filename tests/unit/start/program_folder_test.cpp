@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Puts the variable back as it was when the test ends.
+/// Restores the variable when the test ends.
 class FindFolder : public testing::Test
 {
 protected:
@@ -97,7 +97,7 @@ TEST_F(FindFolder, VariableThatNamesAFileIsReported)
 
 TEST_F(FindFolder, FolderThatCannotBeWrittenIsReportedAndKept)
 {
-    // The process folder takes files from nobody, not even from the superuser.
+    // Nobody can make files in the process folder, not even the superuser.
     const ProgramFolder found = FindProgramFolder("/proc");
 
     EXPECT_EQ(found.folder, QString("/proc"));

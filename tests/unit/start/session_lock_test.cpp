@@ -48,7 +48,7 @@ TEST_F(SessionLockFile, GoesWithItsHolder)
 
 TEST_F(SessionLockFile, OfADeadProcessDoesNotCount)
 {
-    WriteHolder("2147483647"); // more than the system gives away
+    WriteHolder("2147483647"); // higher than any that the system assigns
 
     SessionLock lock(m_path);
     EXPECT_EQ(lock.Take(), Outcome::Taken);
@@ -56,7 +56,7 @@ TEST_F(SessionLockFile, OfADeadProcessDoesNotCount)
 
 TEST_F(SessionLockFile, WhoseNumberAnotherProgramHasNowDoesNotCount)
 {
-    WriteHolder("1"); // there is always one, and it does not hold the file
+    WriteHolder("1"); // always runs, and does not hold the file
 
     SessionLock lock(m_path);
     EXPECT_EQ(lock.Take(), Outcome::Taken);
@@ -64,7 +64,7 @@ TEST_F(SessionLockFile, WhoseNumberAnotherProgramHasNowDoesNotCount)
 
 TEST_F(SessionLockFile, ThatItsProcessDoesNotHoldDoesNotCount)
 {
-    // As after a power cut, when a later copy happened to get the number of the one before.
+    // As after a power cut, if a later copy happens to get the earlier one's number.
     WriteHolder(QByteArray::number(QCoreApplication::applicationPid()), "core_tests");
 
     SessionLock lock(m_path);

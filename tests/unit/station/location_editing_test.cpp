@@ -9,7 +9,7 @@ namespace {
 class LocationEditing : public StationFixture
 {
 protected:
-    /// A station that has asked for Salem and has `seconds` to go to its next request.
+    /// Starts a station that has asked for Salem and has `seconds` left until its next request.
     void StartWithSecondsLeft(int seconds)
     {
         ASSERT_FALSE(Start());
@@ -101,7 +101,7 @@ TEST_F(LocationEditing, NeverPutsARequestOff)
     station->LocationsDone();
 
     EXPECT_EQ(station->Weather().SecondsToWeatherCheck(), 3);
-    PassSeconds(4); // complete, so that not even the last key is waited for
+    PassSeconds(4); // complete, so there is no wait after the last key
     EXPECT_EQ(LastUrl(), "http://weather.test/now?q=KDTO");
 }
 
@@ -116,7 +116,7 @@ TEST_F(LocationEditing, AsksNoSoonerForTheSameLocations)
     EXPECT_EQ(station->Weather().SecondsToWeatherCheck(), 499);
 }
 
-// What could not be opened was not asked for: the next try is not put off by it.
+// A request that could not be opened was not made, so it does not delay the next try.
 TEST_F(LocationEditing, AsksSoonForWhatCouldNotBeOpened)
 {
     StartWithSecondsLeft(500);
@@ -130,7 +130,7 @@ TEST_F(LocationEditing, AsksSoonForWhatCouldNotBeOpened)
     EXPECT_EQ(station->Weather().SecondsToWeatherCheck(), 5);
 }
 
-// Two texts change in a second, and the view is told of them together.
+// Two texts change within a second, and the view is told of both at once.
 TEST_F(LocationEditing, IsToldToTheViewOnceASecond)
 {
     StartWithSecondsLeft(500);

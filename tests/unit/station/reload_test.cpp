@@ -69,7 +69,7 @@ TEST_F(StationReload, TakesOverWhatIsSaidAboutTheSameService)
     EXPECT_EQ(Seconds(), 799);
 }
 
-// Reading a reply turns "%CRLF%" in a tag in use into a line end; that makes no other service.
+// Reading a reply turns "%CRLF%" in the tags in use into a line end; it is still the same service.
 TEST_F(StationReload, KnowsAServiceAgainThatHasBeenRead)
 {
     WriteProfiles("dewPointOpen=<dew>\r\ndewPointClose=%CRLF%\r\n");
@@ -220,7 +220,7 @@ TEST_F(StationReload, KeepsTheProfileWhenItsNumberIsNone)
     EXPECT_EQ(station->CurrentSettings().HTTPPort, "81");
 }
 
-// Behind no profile at all it may be the one of the last run, whose extremes have been loaded.
+// After no profile at all, it may be the one of the last run, whose extremes have been loaded.
 TEST_F(StationReload, KeepsTheExtremesWhenAProfileIsFoundAtLast)
 {
     QFile::remove(folder.Path("TavrinWeatherProfiles.ini"));

@@ -46,7 +46,7 @@ protected:
         return std::nullopt;
     }
 
-    /// Lets time pass, with the ticks that come in it.
+    /// Lets time pass, with the ticks due in it.
     void PassSeconds(int seconds)
     {
         for (int i = 0; i < seconds; ++i) {

@@ -114,13 +114,13 @@ TEST_F(StationWeather, IsShownAndStored)
     EXPECT_EQ(view.statuses, QStringList{"Retrieved current weather data"});
     EXPECT_EQ(view.told, (QStringList{"status", "reply", "weather"}));
     EXPECT_EQ(station->ShownWeather()[Quantity::Temperature], "71.0 F");
-    EXPECT_EQ(station->ShownWeather()[Quantity::MinTemp], "N/A"); // nothing of the day before
+    EXPECT_EQ(station->ShownWeather()[Quantity::MinTemp], "N/A"); // nothing known of the day before
     EXPECT_EQ(station->MinMax().TodayMinTemp, 71);
     EXPECT_EQ(Value("Weather.ini", u"Weather", u"CITY"), "Salem, OR");
     EXPECT_EQ(station->WeatherThreadHandle(), 0);
 }
 
-// Or what has become of the files would pile up over the years.
+// Otherwise the results of writes would pile up over the years.
 TEST_F(StationWeather, LetsTheWriterForgetWhatIsStored)
 {
     ASSERT_FALSE(Start());
@@ -147,7 +147,7 @@ TEST_F(StationWeather, ShowsARefusedReplyAsItCame)
     EXPECT_FALSE(QFile::exists(folder.Path("Weather.ini")));
 }
 
-// It says nothing of the service that is selected now, which is still being waited for.
+// It says nothing about the service selected now, whose reply is still awaited.
 TEST_F(StationWeather, IsNotCalledRetrievedWhenItIsAnotherProfiles)
 {
     folder.Write("TavrinWeatherProfiles.ini",
@@ -196,14 +196,14 @@ TEST_F(StationSettings, AreKeptASecondAfterAChange)
     ASSERT_FALSE(Start());
     ChangePort("81");
     PollTimes(3);
-    ChangePort("8081"); // stored together, no later than the first
+    ChangePort("8081"); // stored with the first, and no later than it
 
     EXPECT_EQ(Recovery(), "");
     PollTimes(1);
     EXPECT_TRUE(Recovery().contains("HTTPPort=8081\r\n"));
 }
 
-// Nothing but the quarters of a second drives it: the weather countdown may stand still.
+// Driven by the quarter-second poll alone: the weather countdown may stand still.
 TEST_F(StationSettings, AreKeptWithoutTheTickOfTheCountdown)
 {
     ASSERT_FALSE(Start());
@@ -233,7 +233,7 @@ TEST_F(StationSettings, AreStoredAtTheEndAndWhenAsked)
     EXPECT_FALSE(QFile::exists(folder.Path("TavrinWeatherRecovery.ini")));
     EXPECT_TRUE(station->IsRunning());
 
-    ChangePort("82"); // also after having been asked
+    ChangePort("82"); // also after an earlier save
     PollTimes(4);
     EXPECT_TRUE(Recovery().contains("HTTPPort=82\r\n"));
     station->End(0ms);
@@ -271,7 +271,7 @@ TEST_F(StationSettings, HaveOneHomeForTheLocations)
     EXPECT_EQ(station->CurrentSettings().location[0][0], "");
 }
 
-// The list of titles was filled before, and its index is the record's.
+// The list of titles was filled earlier, and its index is the record's.
 TEST_F(StationSettings, KeepTheProfileThatWasEmptied)
 {
     folder.Write("TavrinWeatherProfiles.ini",

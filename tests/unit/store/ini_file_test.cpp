@@ -52,7 +52,7 @@ protected:
     TestFolder folder;
 };
 
-/// While it lives this process cannot open a file, as when its limit is reached.
+/// While it lives, this process cannot open a file, as if it had reached its limit.
 class NoMoreFiles
 {
 public:
@@ -218,7 +218,7 @@ TEST_F(IniFileAccess, CommitLeavesNoOtherFileBehind)
 TEST_F(IniFileAccess, CommitReplacesTheFileAtOnce)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"old"));
-    QFile reader(folder.Path("a.ini")); // a reader that has the file open sees the old one whole
+    QFile reader(folder.Path("a.ini")); // a reader with the file open still sees all of the old one
     ASSERT_TRUE(reader.open(QIODevice::ReadOnly));
 
     ASSERT_TRUE(WriteOne("a.ini", u"new"));
@@ -231,7 +231,7 @@ TEST_F(IniFileAccess, CommitWithoutAChangeStillWrites)
 {
     ASSERT_TRUE(WriteOne("a.ini", u"v"));
     const ino_t before = Stat("a.ini").st_ino;
-    QFile keepsTheNumber(folder.Path("a.ini")); // the old file's number stays taken meanwhile
+    QFile keepsTheNumber(folder.Path("a.ini")); // keeps the old file's number in use
     ASSERT_TRUE(keepsTheNumber.open(QIODevice::ReadOnly));
 
     ASSERT_TRUE(WriteOne("a.ini", u"v"));
@@ -324,7 +324,7 @@ TEST_F(IniFileAccess, ModeOfTheFileSurvives)
 
 TEST_F(IniFileAccess, OwnerAndGroupOfTheFileSurvive)
 {
-    // Only the superuser can give a file away; for others the owner is their own, which stays too.
+    // Only the superuser can give a file away; anyone else owns it themselves, which stays so too.
     folder.Write("a.ini", "[S]\n");
     SetMode("a.ini", 0664);
     const bool superuser = ::geteuid() == 0;

@@ -16,10 +16,10 @@
 namespace {
 
 constexpr int kKills = 60;
-constexpr int kCycles = 2000; ///< At least so many files are written in all.
+constexpr int kCycles = 2000; ///< At least this many files are written in all.
 constexpr QStringView kSection = u"Weather";
 
-/// The keys of one cycle: all have the cycle's number, and make a file of some length.
+/// Writes one cycle: every key holds the cycle's number, and the file has some length.
 void WriteCycle(const IniPath &path, int cycle)
 {
     IniFile file(path);
@@ -37,7 +37,7 @@ void WriteCycle(const IniPath &path, int cycle)
         WriteCycle(path, cycle);
 }
 
-/// The number of the cycle that the bytes are of; -1 when they are not one whole cycle.
+/// The number of the cycle that the bytes belong to; -1 if they are not one complete cycle.
 int CycleOf(const QByteArray &bytes)
 {
     const QByteArrayList lines = bytes.split('\n');
@@ -60,7 +60,7 @@ TEST(KilledWriter, NeverLeavesATornFile)
     const IniPath path{folder.Path("Weather.ini"), CodePage::Utf8};
     folder.Write("Weather.ini.backup", "theirs");
     WriteCycle(path, 1);
-    std::mt19937 random(20261121); // the same moments to read, whatever the machine makes of them
+    std::mt19937 random(20261121); // the same moments each time, as far as the machine allows
     int last = 1;
     for (int kill = 0; kill < kKills || last < kCycles; ++kill) {
         const pid_t writer = ::fork();
@@ -81,7 +81,7 @@ TEST(KilledWriter, NeverLeavesATornFile)
         }
         ::kill(writer, SIGKILL);
         ASSERT_EQ(::waitpid(writer, nullptr, 0), writer);
-        // What it wrote behind the last look counts too: the next one goes on from there.
+        // What it wrote after the last look counts too: the next one continues from there.
         const int left = CycleOf(folder.Bytes("Weather.ini"));
         ASSERT_GE(left, last);
         last = left;

@@ -90,7 +90,7 @@ TEST_F(MinMaxStore, RestartOnTheNextDayMakesThePairThePreviousOne)
     ExpectPairs(minMax, {1000, -1000, 40, 60});
     EXPECT_EQ(minMax.MinMaxDay, 7);
     EXPECT_EQ(Stored(u"GENERAL", u"CURRDAY"), QString("7"));
-    EXPECT_EQ(Stored(u"GENERAL", u"PREVDAY"), QString("5")); // is not touched
+    EXPECT_EQ(Stored(u"GENERAL", u"PREVDAY"), QString("5")); // untouched
 }
 
 TEST_F(MinMaxStore, RestartAfterTwoDaysIsNeutral)
@@ -331,7 +331,7 @@ TEST_F(MinMaxStore, ResetTouchesTodayOnly)
 
 TEST_F(MinMaxStore, EachRoutineIsOneCommitAndGoesOnWithoutIt)
 {
-    // A commit that fails is traced, so the lines tell how many there were.
+    // A failed commit is traced, so the lines show how many there were.
     ASSERT_TRUE(QDir().mkdir(folder.Path("m.ini")));
     MinMaxTemps minMax;
 
@@ -343,7 +343,7 @@ TEST_F(MinMaxStore, EachRoutineIsOneCommitAndGoesOnWithoutIt)
     {
         const RecordedTrace trace;
         CheckMinMaxTemp(minMax, Ini(), QDate(2026, 3, 8), 50);
-        EXPECT_EQ(trace.lines.size(), 2); // and the line of the reading
+        EXPECT_EQ(trace.lines.size(), 2); // and the reading's line
     }
     {
         const RecordedTrace trace;

@@ -191,7 +191,7 @@ TEST_P(ProfileUtf16, StrayLastByteIsKept)
 
 TEST_P(ProfileUtf16, HalfASurrogatePairIsReadAndWrittenAsTheReplacementCharacter)
 {
-    const bool ansi = GetParam() == kAnsi; // which has "?" in its place
+    const bool ansi = GetParam() == kAnsi; // which shows "?" instead
     const QString replaced = ansi ? u"?"_s : u"\uFFFD"_s;
     const QString half(QChar(0xD83D));
     PrivateProfile profile(Utf16("[S]\r\na=x" + half + "\r\n"), GetParam());
@@ -204,7 +204,7 @@ TEST_P(ProfileUtf16, HalfASurrogatePairIsReadAndWrittenAsTheReplacementCharacter
 
 TEST_P(ProfileUtf16, EveryUnitComesOutAsItWentIn)
 {
-    QString comment; // halves of surrogate pairs among them, alone and the wrong way round
+    QString comment; // with halves of surrogate pairs, alone and the wrong way round
     for (const char16_t first : {u'\x7F', u'\x80', u'\x7FF', u'\x800', u'\xD800', u'\xDFFF',
                                  u'\xFEFF', u'\xFFFF', u'\xDC00', u'\xD800', u'\xDC00'})
         comment += QChar(first);

@@ -44,7 +44,7 @@ std::string CaseName(const testing::TestParamInfo<LineCase> &test)
     return test.param.name;
 }
 
-// How a file is taken apart.
+// How a file is split up.
 const LineCase kLineCases[] = {
     {.name = "LineEndCrLf", .bytes = "[S]\r\na=1\r\nk=v\r\n", .expected = "v"},
     {.name = "LineEndLf", .bytes = "[S]\na=1\nk=v\n", .expected = "v"},
@@ -105,7 +105,7 @@ const LineCase kLineCases[] = {
 
 INSTANTIATE_TEST_SUITE_P(Lines, ReadProfile, testing::ValuesIn(kLineCases), CaseName);
 
-// How a value is found and dressed.
+// How a value is found and cleaned up.
 const LineCase kValueCases[] = {
     {.name = "SectionInAnyCase", .bytes = "[Alpha]\nk=v\n", .section = "aLPHA", .expected = "v"},
     {.name = "KeyInAnyCase", .bytes = "[S]\nDepth=v\n", .key = "dEPTH", .expected = "v"},
@@ -162,7 +162,7 @@ TEST(ReadProfileDefault, LosesTrailingSpacesOnly)
     const PrivateProfile profile("", CodePage::Windows1252);
 
     EXPECT_EQ(profile.Value(u"S", u"k", u"  \t d \t  "), QString("  \t d \t"));
-    EXPECT_EQ(profile.Value(u"S", u"k", u"\"d\""), QString("\"d\"")); // quotes are not touched
+    EXPECT_EQ(profile.Value(u"S", u"k", u"\"d\""), QString("\"d\"")); // quotes stay
     EXPECT_EQ(profile.Value(u"S", u"k", u""), QString());
     EXPECT_EQ(profile.Value(u"S", u"k", u"d\0x"_s), QString("d"));
 }
@@ -212,7 +212,7 @@ TEST(ReadProfileLength, NamesAndSectionsHaveNoLimit)
 
 TEST(ReadProfileBytes, AllPassUnderWindows1252)
 {
-    QByteArray value; // all but NUL, the line ends and the blanks that may not stand at an end
+    QByteArray value; // all but NUL and line ends; "<" and ">" keep blanks off its ends
     for (int i = 1; i < 256; ++i) {
         if (i != '\r' && i != '\n')
             value.append(static_cast<char>(i));

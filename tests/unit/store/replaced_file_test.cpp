@@ -141,7 +141,7 @@ TEST_F(ReplacedFile, WithoutAFolderThereAreNoLeftovers)
     EXPECT_EQ(Files(), QStringList());
 }
 
-/// Somebody else in the folder, who knows the name of the temporary file and is there first.
+/// Somebody else in the folder who knows the temporary file's name and gets there first.
 class PlantedFile : public ReplacedFile
 {
 protected:
@@ -151,7 +151,7 @@ protected:
         folder.Write("victim", "theirs");
     }
 
-    /// Stores "new" while `plant` lays something under the first name that is tried.
+    /// Stores "new" while `plant` puts something under the first name that is tried.
     WriteError ReplaceOver(const std::function<void(const char *name)> &plant)
     {
         const WatchedOpen watch([&](const char *path, mode_t /*mode*/) {
@@ -222,7 +222,7 @@ TEST_F(ReplacedFile, IsNeverOpenToMoreThanTheOldOneWas)
 
     EXPECT_EQ(ReplaceFile(Path(), {"new"}), WriteError());
 
-    // Who opens the file before its mode is set reads what is written to it later.
+    // Anyone who opens the file before its mode is set can read what is written to it later.
     EXPECT_EQ(begun & 0077U, 0U);
     struct stat now = {};
     ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &now), 0);

@@ -275,7 +275,7 @@ TEST_F(SettingsFile, SessionsKeepTheirOwn)
 
 TEST_F(SettingsFile, SavingIsOneCommit)
 {
-    // A commit that fails is traced, so the lines tell how many there were.
+    // A failed commit is traced, so the lines show how many there were.
     ASSERT_TRUE(QDir().mkdir(folder.Path("s.ini")));
     const RecordedTrace trace;
 

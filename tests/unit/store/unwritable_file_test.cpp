@@ -26,8 +26,8 @@ bool IsSuperuser()
     return ::geteuid() == 0;
 }
 
-/// Replaces `path` by "new" in a process of its own, as an ordinary user: as the one who runs the
-/// test, and where that is the superuser, as nobody.
+/// Replaces `path` with "new" in a separate process, as an ordinary user: the one who runs the test
+/// or, if that is the superuser, nobody.
 WriteError ReplaceAsOrdinaryUser(const QString &path)
 {
     std::array<int, 2> ends = {};
@@ -76,7 +76,7 @@ protected:
         ASSERT_EQ(::chmod(Name(name).constData(), mode), 0);
     }
 
-    /// Lays a file there that belongs to the user of ReplaceAsOrdinaryUser().
+    /// Puts a file there that belongs to the user of ReplaceAsOrdinaryUser().
     void WriteOwn(mode_t mode) const
     {
         folder.Write("Weather.ini", "old");
@@ -145,7 +145,7 @@ TEST_F(UnwritableFile, IsReplacedByTheSuperuser)
     folder.Write("Weather.ini", "old");
     SetMode("Weather.ini", 0444);
 
-    // Who runs the test as an ordinary user sees that only the superuser may.
+    // Run by an ordinary user, the test shows that only the superuser may.
     EXPECT_EQ(ReplaceFile(Path(), {"new"}), IsSuperuser() ? WriteError() : kNoRight);
 
     EXPECT_EQ(folder.Bytes("Weather.ini"), IsSuperuser() ? "new" : "old");
@@ -170,12 +170,13 @@ TEST_F(UnwritableFile, IsNotMadeInAFolderThatIsNotWritable)
     EXPECT_FALSE(QFile::exists(folder.Path("locked/Weather.ini")));
 }
 
-/// Rights that the mode alone does not tell. Only the superuser can give them to somebody else, and
-/// not every file system has them; without them nothing is to be seen here.
+/// Rights that the mode alone does not show. Only the superuser can give them to somebody else, and
+/// not every file system has them; without them there is nothing to see here.
 class AccessList : public UnwritableFile
 {
 protected:
-    /// A file of the superuser's with the rights `nobody` for that user, and `others` for the rest.
+    /// Makes a file of the superuser's with the rights `nobody` for that user and `others` for the
+    /// rest.
     [[nodiscard]] bool Lay(char nobody, char others) const
     {
         // Version 2; owner rw, user 65534, group, mask rw, others. The numbers are the kernel's:
@@ -208,11 +209,11 @@ TEST_F(AccessList, CanAllowWhatTheModeForbids)
     EXPECT_EQ(folder.Bytes("Weather.ini"), "new");
 }
 
-/// What can stand in a path but is no plain file.
+/// What a path can name that is no plain file.
 class NoPlainFile : public UnwritableFile
 {
 protected:
-    /// Whether there still is a thing of the kind `kind` (S_IFIFO and the like).
+    /// Whether something of the kind `kind` (S_IFIFO and the like) is still there.
     [[nodiscard]] bool IsStill(mode_t kind) const
     {
         struct stat there = {};

@@ -82,7 +82,7 @@ TEST(IsRestoreMessage, TakesTheNearestWholePixel)
     EXPECT_FALSE(IsRestoreMessage(513 * 15 - 8));
 }
 
-// 512.5 is 512 and 513.5 is 514: the odd pixels 513 and 517 never get a half.
+// 512.5 rounds to 512 and 513.5 to 514: the odd pixels 513 and 517 never get a half.
 TEST(IsRestoreMessage, GivesAHalfToTheEvenPixel)
 {
     for (const double pixel : {512.5, 513.5, 516.5, 517.5})

@@ -13,7 +13,7 @@ void PrintTo(const TrayPicture &picture, std::ostream *out)
 
 namespace {
 
-/// What one tick shows, and both halves of it.
+/// Runs both halves of one tick and returns what it shows.
 std::optional<TrayPicture> Tick(TrayState &state)
 {
     const std::optional<TrayPicture> picture = PictureOfTick(state);
@@ -150,7 +150,7 @@ TEST(TrayAnimation, CountsTheTicksThatChangeNothing)
     EXPECT_EQ(QuietTicks({.TrayFrame = 10}), 0);
     EXPECT_EQ(QuietTicks({.TrayFrame = 11}), 45);
     EXPECT_EQ(QuietTicks({.TrayFrame = 55}), 1);
-    EXPECT_EQ(QuietTicks({.TrayFrame = 56}), 0); // taken as the first
+    EXPECT_EQ(QuietTicks({.TrayFrame = 56}), 0); // treated as the first
     EXPECT_EQ(QuietTicks({.TrayFrame = -1}), 0);
 }
 

@@ -18,7 +18,7 @@ TEST(GetHeatIndexF, IncludesBothLowerBounds)
 {
     const RecordedTrace trace;
 
-    // The regression is computed, gives 79.93 and so lies below the temperature.
+    // The regression is used, gives 79.93 and so is below the temperature.
     EXPECT_EQ(GetHeatIndexF(80, 40), -32000);
 
     EXPECT_EQ(trace.lines, (QStringList{"GetHeatIndexF - getheatindexf was less than temp",

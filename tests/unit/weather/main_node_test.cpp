@@ -30,7 +30,7 @@ TEST(WorkingText, LosesThemAtEachPlaceOfALongText)
 
 TEST(WorkingText, KeepsAllOtherCharacters)
 {
-    const QString others = QString(QChar(0)) + "\x01\b\v\f\x0E" // around the three
+    const QString others = QString(QChar(0)) + "\x01\b\v\f\x0E" // the neighbours of the three
                          + QString(QChar(0x0109)) + QChar(0x010A) + QChar(0x010D) + QChar(0x0A00)
                          + QChar(0xFFFF);
     EXPECT_EQ(WorkingText(others), others);

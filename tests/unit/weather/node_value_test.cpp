@@ -98,7 +98,7 @@ const NodeValueCase kCases[] = {
      .close = "%lf%",
      .expected = "21\nx"},
 
-    // A missing opening tag: the data less the tag's length but one.
+    // A missing opening tag: as many characters go as the tag has, less one.
     {.name = "MissingOpenKeepsTheRest",
      .data = "abcdef END",
      .open = "TEMP",
@@ -177,7 +177,7 @@ const NodeValueCase kCases[] = {
      .prefix = "at",
      .expected = "2"},
 
-    // Suffix: everything up to its last occurrence goes, and one character more.
+    // Suffix: drops everything up to its last occurrence, and one more character.
     {.name = "SuffixDropsOneMore",
      .data = "T speed=12 END",
      .open = "T",

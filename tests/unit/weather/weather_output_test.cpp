@@ -152,7 +152,7 @@ TEST_F(WeatherOutput, KeepsOtherWritersKeys)
 
 TEST_F(WeatherOutput, ChangesNothingWhereItCannotWrite)
 {
-    ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in the file's place
+    ASSERT_TRUE(QDir().mkdir(file.path)); // a folder in place of the file
 
     DirectFileWriter().Put(
         WeatherPatch(file, ValuesOf({{Quantity::Temperature, "61.3 F"}}), &profile, 2024));

@@ -14,7 +14,7 @@ namespace {
 
 const QString kList = "https://host/data/forecasts/zone/md/";
 
-/// Writes down what it is told, one line a call.
+/// Records what it is told, one line per call.
 class RecordedView final : public ZoneListView
 {
 public:
@@ -32,7 +32,7 @@ public:
         Add(QStringLiteral("end ") + names[static_cast<std::size_t>(end)]);
     }
 
-    /// What came since the last call.
+    /// What has come since the last call.
     QStringList Take() { return std::exchange(lines, {}); }
 
     QStringList lines;
@@ -61,7 +61,7 @@ QString List(const QList<int> &numbers)
     return rows;
 }
 
-/// The file of a zone that lies at the place `name`.
+/// The file of a zone at the place `name`.
 QString File(int number, const QString &name)
 {
     return FileName(number).first(6).toUpper() + "-161500-\n" + name + "-\n1015 AM\n";
@@ -85,7 +85,7 @@ protected:
     void FinishFile(int number) { FinishUrl(kList + FileName(number), File(number, "Town")); }
     void FailFile(int number) { http.Fail(HandleOf(kList + FileName(number))); }
 
-    /// Starts and lets the list arrive; the files have been asked for then.
+    /// Starts and lets the list arrive; by then the files have been requested.
     void StartWith(const QList<int> &numbers)
     {
         retrieval->Start("https://host", "MD");
@@ -426,7 +426,7 @@ TEST_F(ZoneRetrieval, IsCancelledAheadOfTheFirstFile)
     retrieval->Poll();
 
     EXPECT_EQ(view.lines.last(2), (QStringList{"progress 100.0%  (1 of 1)", "end cancelled"}));
-    EXPECT_EQ(http.calls, QStringList()); // no file was asked for
+    EXPECT_EQ(http.calls, QStringList()); // no file was requested
 }
 
 TEST_F(ZoneRetrieval, IsCancelledWhileAFileIsOnItsWay)
@@ -444,7 +444,7 @@ TEST_F(ZoneRetrieval, IsCancelledWhileAFileIsOnItsWay)
 
     EXPECT_EQ(view.Take(), (QStringList{"label No Zone Data Received:" + kList + "mdz002.txt",
                                         "progress 100.0%  (3 of 3)", "end cancelled"}));
-    EXPECT_EQ(http.calls.size(), 2); // nothing new was asked for
+    EXPECT_EQ(http.calls.size(), 2); // nothing new was requested
 }
 
 TEST_F(ZoneRetrieval, IsCancelledWhileTheLastFileIsOnItsWay)
@@ -553,7 +553,7 @@ TEST_F(ZoneRetrieval, BeginsAnewAfterItsEnd)
     FailFile(3);
     retrieval->Poll();
 
-    // Nothing is left of the entry that the first time found.
+    // Nothing is left of the entry found the first time.
     EXPECT_EQ(view.lines.first(3), (QStringList{"progress 0%", "clear", "files "}));
     EXPECT_EQ(view.lines.last(2),
               (QStringList{"label No Valid Forecast Data Found", "end completed"}));

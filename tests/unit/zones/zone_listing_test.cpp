@@ -93,7 +93,7 @@ TEST(ZoneListing, DropsRowsWithAnotherMarker)
 
 TEST(ZoneListing, BoundsTheLengthOfTheName)
 {
-    // The end marker may stand from the third to the fifteenth character.
+    // The end marker may be anywhere from the third to the fifteenth character.
     EXPECT_EQ(Names(Row("mdz45678901234.txt", "16-Nov-2026")),
               QStringList{"mdz45678901234.txt"}); // at the fifteenth
     EXPECT_EQ(Names(Row("mdz456789012345.txt", "16-Nov-2026")), QStringList());

@@ -52,7 +52,7 @@ TEST(FindZone, FindsNothing)
 
 TEST(FindZone, CountsInTheUpperCaseEntry)
 {
-    // In capitals the sharp s takes two places, so the "A" stands at the eighth.
+    // In capitals the sharp s takes up two places, so "A" is the eighth.
     EXPECT_EQ(FindZone({QString::fromUtf8("12345\xC3\x9F"
                                           "a")},
                        "a", -1),
