@@ -15,7 +15,7 @@ inline double Luminance(const QColor &color)
          + 0.0722 * linear(color.blueF());
 }
 
-/// How far two colours stand apart, 1 to 21. Texts need 4.5, shapes 3.
+/// Contrast ratio of two colours, 1 to 21. Texts need 4.5, shapes 3.
 inline double Contrast(const QColor &one, const QColor &other)
 {
     const double a = Luminance(one);

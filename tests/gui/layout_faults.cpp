@@ -29,7 +29,7 @@ QString NameOf(const QWidget *control)
                                                                 : control->objectName();
 }
 
-/// A part that the toolkit has put into one of its controls.
+/// Whether the control is, or is in, a part that the toolkit put into one of its controls.
 bool IsInner(const QWidget &control)
 {
     for (const QWidget *one = &control; one != nullptr && !one->isWindow();
@@ -174,7 +174,7 @@ QStringList Unexplained(const QList<QWidget *> &seen)
 {
     QStringList faults;
     for (const QWidget *control : seen) {
-        // Tabs and the buttons of a question say all that there is to say.
+        // Tabs and the buttons of a question say it all themselves.
         const bool isPlain = qobject_cast<const TabButton *>(control) != nullptr
                           || qobject_cast<QMessageBox *>(control->window()) != nullptr
                           || control->objectName() == kFocusBox;
@@ -199,7 +199,7 @@ QStringList Clashing(const QList<QWidget *> &seen)
     return faults;
 }
 
-/// Whether one reads `first` ahead of `second`: line by line, each from its left.
+/// Whether `first` is read before `second`: line by line, left to right.
 bool IsReadAhead(const QRect &first, const QRect &second)
 {
     return first.bottom() < second.top()
@@ -216,7 +216,7 @@ QStringList OutOfOrder(const QList<QWidget *> &stops)
     return faults;
 }
 
-/// The list that a drop-down list opens.
+/// Faults of the list that a drop-down list opens.
 QStringList OpenedListFaults(const QWidget &popup)
 {
     const auto *list = popup.findChild<QAbstractItemView *>();

@@ -30,7 +30,7 @@ public:
         const ProgramFiles files{.folder = m_folder.path(),
                                  .codePage = commandLine.codePage,
                                  .SessionId = commandLine.sessionId};
-        window.reset(); // which has the station of before
+        window.reset(); // it still uses the previous station
         station = std::make_unique<OpenStation>(files, clock, platform.http, writer, Owner::Window);
         window = std::make_unique<frmMain>(*station, state, platform, ask);
         return window->Form_Load(commandLine);
@@ -45,7 +45,7 @@ public:
         return Start(command);
     }
 
-    /// Lets so much time pass for the timers that drive the station, in their order.
+    /// Lets this much time pass for the timers that drive the station, in their order.
     void PassSeconds(int seconds)
     {
         for (int i = 0; i < seconds; ++i) {

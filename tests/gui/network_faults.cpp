@@ -16,7 +16,7 @@ using Request = FaultyRequest;
 using Fault = FaultHost::Fault;
 
 constexpr size_t kLargestBody = 16777216; // 16 MiB
-constexpr auto kShortWait = 300ms;        // for what would take the program 10, 20 or 60 seconds
+constexpr auto kShortWait = 300ms;        // instead of the program's 10, 20 or 60 seconds
 
 const std::string kTooLarge = "Maximum file size exceeded";
 
@@ -61,7 +61,7 @@ void ClosesInTheBody(Connection &connection, const Request &request)
     connection.CloseAfterwards();
 }
 
-/// One byte a second, in the time of tests.
+/// One byte per second of test time.
 void Drips(Connection &connection, const Request & /*request*/)
 {
     constexpr int kSecond = 20; // milliseconds
@@ -157,7 +157,7 @@ void RedirectsToHttps(Connection &connection, const Request &request)
 
 void RedirectsToHttp(Connection &connection, const Request &request)
 {
-    // Nothing else is asked of the host in this way, so that a kept connection would stay.
+    // The host gets no other request this way, so a kept connection would stay open.
     connection.Reply("moved",
                      "Connection: close\r\nLocation: " + request.plain + request.path + "moved\r\n",
                      "301 Moved Permanently");
@@ -189,8 +189,8 @@ Fault SendsABomb()
     };
 }
 
-/// The right answer and behind it spaces, so that it is that long. It comes in chunks, since a
-/// length that is known beforehand takes less memory.
+/// The right answer, padded to that length with spaces. It comes in chunks, because a length known
+/// beforehand takes less memory.
 Fault FillsUpTo(size_t size)
 {
     return [size](Connection &connection, const Request &request) {
@@ -236,7 +236,7 @@ std::string Utf16(const std::string &utf8, QStringConverter::Encoding order)
     return QByteArray(QStringEncoder(order).encode(QString::fromStdString(utf8))).toStdString();
 }
 
-/// The right answer in Latin-1 behind a line of its own, which says so or not.
+/// The right answer in Latin-1 after `line`, which may declare the charset.
 Fault SendsLatin1(const std::string &contentType, const std::string &line = {})
 {
     return [=](Connection &connection, const Request &request) {
@@ -367,7 +367,7 @@ std::vector<NetworkFault> FaultsOfTheLength()
          .number = 63,
          .reason = QString::fromStdString(kTooLarge)},
     };
-} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function frees it
 
 NetworkFault Status(const char *name, int number, const std::string &line,
                     const std::string &headers = {})
@@ -377,7 +377,7 @@ NetworkFault Status(const char *name, int number, const std::string &line,
             .outcome = Outcome::Fails,
             .number = number,
             .reason = QStringLiteral("HTTP %1").arg(number)};
-} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function frees it
 
 std::vector<NetworkFault> FaultsOfTheStatus()
 {
@@ -424,12 +424,12 @@ std::vector<NetworkFault> FaultsOfTheStatus()
          .act = Replies("200 OK", kForeignPage, "Content-Type: text/html\r\n"),
          .outcome = Outcome::Page},
     };
-} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function lets go of it
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): std::function frees it
 
 std::vector<NetworkFault> FaultsOfTheText()
 {
     using Order = QStringConverter::Encoding;
-    const std::string mark8 = "\xEF\xBB\xBF\n"; // the line end keeps a first line a first line
+    const std::string mark8 = "\xEF\xBB\xBF\n"; // the line end keeps the first line after it whole
     return {
         {.name = "NUL bytes", .act = PutsANulIn, .outcome = Outcome::CutAtNul},
         {.name = "charset in the header", .act = SendsLatin1("text/plain; charset=ISO-8859-1")},

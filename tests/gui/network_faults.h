@@ -17,7 +17,7 @@ enum class Kind
     ZoneFile, ///< The second of two.
 };
 
-/// What a fault comes to. What the user sees then and what is in the output files stands in
+/// What a fault leads to. What the user then sees and what the output files hold is in
 /// tst_network_faults.cpp, for each kind of transfer.
 enum class Outcome
 {
@@ -41,8 +41,8 @@ struct NetworkFault
     bool silentNames = false; ///< The name server does not answer meanwhile.
 };
 
-/// A page of somebody who stands in between, such as a hotel's.
+/// A page from somebody in between, such as a hotel's.
 inline const std::string kForeignPage = "<html>\n<title>Log in</title>\n</html>\n";
 
-/// All rows. Each is made once, so that large replies are.
+/// All rows. They are made only once, and their large replies with them.
 const std::vector<NetworkFault> &NetworkFaults();

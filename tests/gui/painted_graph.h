@@ -9,7 +9,7 @@
 #include <algorithm>
 
 inline constexpr QSize kGraphSize(560, 300);
-inline constexpr QRgb kCurve = qRgb(214, 122, 0); // on a light ground
+inline constexpr QRgb kCurve = qRgb(214, 122, 0); // on a light background
 
 /// Readings of all hours from 50 at midnight to 73 at 11 PM, on a scale from 40 to 80.
 inline void FillDay(WeatherGraph &graph)

@@ -43,7 +43,7 @@ private:
 
 } // namespace
 
-/// The controls of the program's own, apart from the main window.
+/// The program's own controls, apart from the main window.
 class tst_Boxes final : public QObject
 {
     Q_OBJECT
@@ -303,7 +303,7 @@ void tst_Boxes::signalsReachTheEventLoop_data()
 void tst_Boxes::signalsReachTheEventLoop()
 {
     QFETCH(int, number);
-    std::signal(number, SIG_DFL); // whatever the test was started from
+    std::signal(number, SIG_DFL); // whatever the test inherited
     const UnixSignals endSignals;
     const QSignalSpy requested(&endSignals, &UnixSignals::EndRequested);
 

@@ -15,7 +15,8 @@ const QString kProduct = "Expires:202607041500;;123456\nFPUS51 KLWX 040800\nZFPL
                          "MDZ011-041500-\nSouthern Baltimore-\n400 AM EDT Sat Jul 4 2026\n\n"
                          ".TODAY...Sunny.\n.TONIGHT...Clear.\n\n$$\n";
 
-// Behind the zone's line each line end gets a carriage return, each heading a paragraph of its own.
+// After the zone's line, each line end gets a carriage return and each heading a paragraph of its
+// own.
 const QString kCleaned = "Southern Baltimore-\r\n400 AM EDT Sat Jul 4 2026\r\n\r\n\r\n"
                          "TODAY. Sunny.\r\n\r\nTONIGHT. Clear.\r\n\r\n";
 
@@ -151,7 +152,7 @@ void tst_Forecast::touchesNothingBeforeTheFirstSuccess()
     QVERIFY(trace.lines.contains("An error occurred while retrieving the forecast. HTTP 503"));
     QCOMPARE(Shown(), "");
     QCOMPARE(m->Read("Forecast.ini"), "[FORECAST]\r\nDATA=yesterday\r\n");
-    // Half a minute, of which this very tick has counted its own part.
+    // Half a minute, less the share of this very tick.
     QCOMPARE(m->station->ForecastRequestCountdown(), qint16(29750));
 }
 

@@ -212,7 +212,7 @@ void tst_frmFindNOAAZones::closesItsListOfStatesByEscape()
     QTest::keyClick(states->view(), Qt::Key_Escape);
 
     QVERIFY(!states->view()->isVisible());
-    QVERIFY(m->isOpen); // the key has closed the list alone
+    QVERIFY(m->isOpen); // the key closed only the list
 }
 
 void tst_frmFindNOAAZones::hasAMnemonicForEveryButton()

@@ -40,7 +40,7 @@ QImage Picture(const QIcon &icon, int size)
     return icon.pixmap(QSize(size, size)).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// Pixels in which two pictures of one size plainly differ.
+/// Number of pixels that plainly differ between two pictures of one size.
 int Differences(const QImage &one, const QImage &other)
 {
     constexpr int kPlainly = 48;
@@ -58,7 +58,7 @@ int Differences(const QImage &one, const QImage &other)
     return count;
 }
 
-/// Pixels of the icon that stand off the panel it is laid on.
+/// Number of the icon's pixels that stand out from the panel behind it.
 int PixelsInSight(const QIcon &icon, int size, const QColor &panel)
 {
     constexpr double kShapes = 3;
@@ -112,7 +112,7 @@ void tst_frmGraphics::picturesAreDrawnOnceInEachSize()
     const frmGraphics form(loaded);
     const QIcon &icon = form.taskBarIcon[kRestingFrame];
 
-    for (const int size : {16, 20, 48, 96}) { // also those that nobody is offered
+    for (const int size : {16, 20, 48, 96}) { // also sizes that the icon does not offer
         const QPixmap picture = icon.pixmap(QSize(size, size), 1);
         QCOMPARE(picture.size(), QSize(size, size));
         QCOMPARE(icon.pixmap(QSize(size, size), 1).cacheKey(), picture.cacheKey());
@@ -137,12 +137,12 @@ void tst_frmGraphics::programHasTheRestingPicture()
 
 void tst_frmGraphics::framesAreSharpDrawings()
 {
-    const RecordedTrace trace; // "Unable to read icon" would stand here
+    const RecordedTrace trace; // "Unable to read icon" would be here
     bool loaded = false;
     const frmGraphics form(loaded);
 
     QCOMPARE(trace.lines, QStringList());
-    // The base of the cloud fills a row of the smallest picture from edge to edge of a pixel.
+    // The cloud's base fills one row of the smallest picture from pixel edge to pixel edge.
     const QImage picture = Picture(form.taskBarIcon[kRestingFrame], 16);
     QCOMPARE(picture.pixelColor(7, 13), QColor(0xf3, 0xf7, 0xfc));
     QCOMPARE(picture.pixelColor(7, 14), QColor(0x1b, 0x33, 0x50));

@@ -49,7 +49,7 @@ void tst_LocationTyping::asksForNoHalfLocation()
 {
     m->PassSeconds(898);
     TypeKeys("KD");
-    m->PassSeconds(2); // the second of them would ask
+    m->PassSeconds(2); // the second one would ask
 
     QCOMPARE(LastRequest(), "get http://weather.test/now?q=Salem");
     QCOMPARE(m->Text("lblNextWeatherCheck"), "Next Update in 0:00");

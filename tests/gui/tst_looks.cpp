@@ -8,7 +8,7 @@
 #include <QMessageBox>
 #include <QTest>
 
-/// How the windows look and are used in all the states that people see.
+/// How the windows look and work in every state that people see.
 class tst_Looks final : public QObject
 {
     Q_OBJECT

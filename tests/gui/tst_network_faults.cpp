@@ -22,8 +22,8 @@ constexpr bool kSanitized = false;
 #endif
 
 constexpr std::chrono::seconds kPatience{20}; // an idle machine needs less than one
-constexpr qint16 kMaryland = 19;              // alphabetically behind Maine
-// KiB, of 48 MiB and more that a large reply takes. What a first use loads, TLS for one, is in it.
+constexpr qint16 kMaryland = 19;              // alphabetically after Maine
+// KiB; a large reply takes 48 MiB and more. Includes what a first use loads, such as TLS.
 constexpr long kMoreMemory = 8192;
 
 // Milliseconds of processor time: four times what the largest reply may take a release build.
@@ -47,8 +47,8 @@ std::string FaultyPath(Kind kind)
     return {};
 }
 
-// What the host offers, what is to be seen of it and what is written. `sky` tells one answer from
-// the next one.
+// What the host offers, what is shown of it and what is written. `sky` tells one answer from the
+// next.
 
 const QByteArray kProfile = "[Profile0]\r\n"
                             "title=One place\r\n"
@@ -120,7 +120,7 @@ std::string ZoneFile(const std::string &code, const std::string &sky)
     return code + "-041500-\nMontr\xC3\xA9" + "al " + sky + "-\n400 AM EDT SAT JUL 4 2026\n";
 }
 
-/// What the user and the automation system see behind a transfer.
+/// What the user and the automation system see after a transfer.
 struct Seen
 {
     QString status;    ///< lblStatus; lblZoneFiles of the zone finder.
@@ -134,7 +134,7 @@ char *toString(const Seen &seen)
     return QTest::toString(seen.status + " | " + QString::fromUtf8(seen.output));
 }
 
-/// What is to be seen behind a weather transfer.
+/// What is to be seen after a weather transfer.
 /// @param before the file's bytes until then.
 Seen WeatherSeen(const NetworkFault &fault, const QByteArray &sky, const QByteArray &before)
 {
@@ -190,7 +190,7 @@ Seen ZoneListSeen(const NetworkFault &fault, const QByteArray &sky, const QStrin
     case Outcome::Empty:
     case Outcome::Page:
         return {"No Valid Forecast Data Found", ""};
-    case Outcome::CutAtNul: // behind the names, where nobody reads
+    case Outcome::CutAtNul: // after the names, where nothing is read
     case Outcome::Good:
         return {"", BothZones(sky)};
     }
@@ -217,10 +217,10 @@ const NetworkFault kNone = {.name = "none"};
 
 } // namespace
 
-/// Each fault of the network with each kind of transfer, in the whole program: the real window and
-/// the real transfers against a host on the loopback. A row goes through fault, mended, fault again
-/// and mended again; behind each of the four the user sees the right text and the files hold the
-/// right bytes, and behind the last nothing is left that was not there before the first.
+/// Each network fault with each kind of transfer, in the whole program: the real window and the
+/// real transfers against a host on the loopback. A row goes through fault, repair, fault and
+/// repair; after each of the four the user sees the right text and the files hold the right bytes,
+/// and after the last nothing is left that was not there before the first.
 class tst_NetworkFaults final : public QObject
 {
     Q_OBJECT
@@ -308,8 +308,8 @@ void tst_NetworkFaults::StartProgram(const NetworkFault &fault, Kind kind)
     m->station->SetForecastRequestCountdown(0); // the test itself asks
 }
 
-/// Has the program find the host there. It reads its profiles at its start only, so that the
-/// address is put where it has them then.
+/// Leads the program to the host that way. It reads its profiles only at its start, so the address
+/// goes where it keeps them from then on.
 void tst_NetworkFaults::UseWay(Way way)
 {
     m_address = QString::fromStdString(m_host->Address(way));
@@ -320,7 +320,7 @@ void tst_NetworkFaults::UseWay(Way way)
 /// Lets the next transfer of the kind meet the fault.
 void tst_NetworkFaults::Strike(const NetworkFault &fault)
 {
-    // A zone file has the host of its list, which was there: only a redirect leads astray.
+    // A zone file comes from its list's host, which was there: only a redirect leads astray.
     const bool leadsAstray =
         m_kind == Kind::ZoneFile && fault.act == nullptr && fault.way != Way::Plain;
     const auto redirect = [to = m_host->Address(fault.way)](LoopbackConnection &connection,
@@ -437,7 +437,7 @@ Seen tst_NetworkFaults::RequestZones()
     return seen;
 }
 
-/// Handles are given out in order, so that a new one tells how many there were.
+/// Handles are given out in order, so a new one tells how many there were.
 bool tst_NetworkFaults::IsAnyHandleOpen() const
 {
     const TransferHandle last = m_http->Net_HTTPThreadOpen("80");
@@ -459,7 +459,7 @@ void tst_NetworkFaults::RunCycle(const NetworkFault &fault, const QByteArray &sk
     const int struck = m_host->Struck();
     const auto silence = fault.silentNames ? std::make_unique<SilentNameServer>() : nullptr;
     const Seen expected = Expected(fault, sky);
-    // What was received can be megabytes, which the trace would hold many times.
+    // What was received can be megabytes, and the trace would hold them many times.
     const auto trace =
         fault.outcome == Outcome::Fails ? std::make_unique<RecordedTrace>() : nullptr;
 
@@ -503,7 +503,7 @@ void tst_NetworkFaults::RunRow(Kind kind)
     if (QTest::currentTestFailed())
         return;
     QVERIFY2(m_longestTick <= kLongestTick, qPrintable(QString::number(m_longestTick)));
-    // A thread that has ended, and the host's side of a connection, go a little later.
+    // A finished thread, and the host's side of a connection, go a little later.
     QVERIFY(WaitUntil([=] { return OpenDescriptors() <= descriptors; }, kPatience));
     QVERIFY(WaitUntil([=] { return RunningThreads() <= threads; }, kPatience));
     // The sanitizers hold on to freed memory.
@@ -529,8 +529,8 @@ void tst_NetworkFaults::failureWithoutAMainNode_data()
         << "Required value not found in received data: temperature" << WeatherFile("Fog");
 }
 
-/// The empty text of a failed transfer is read like any other where no node has to be found. All
-/// failures deliver the same text, so that one stands for them.
+/// The empty text of a failed transfer is read like any other if no main node has to be found. All
+/// failures deliver the same text, so one stands for all.
 void tst_NetworkFaults::failureWithoutAMainNode()
 {
     QFETCH(QByteArray, required);

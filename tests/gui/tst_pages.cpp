@@ -263,7 +263,7 @@ void tst_Pages::hasNoCursorBlinkOutOfSight()
     m->window->cmdPage_Click(2);
 
     m->Find("txtHTTPPort")->setFocus();
-    QVERIFY(HasTimers(m->Find("txtHTTPPort"))); // here somebody looks
+    QVERIFY(HasTimers(m->Find("txtHTTPPort"))); // here it can be seen
 
     m->Find("txtFocus")->setFocus();
     QVERIFY(!HasTimers(m->Find("txtHTTPPort")));
@@ -342,7 +342,8 @@ void tst_Pages::endsWithTheFocusInThePortBox()
     m->Find("txtHTTPPort")->setFocus();
     QCOMPARE(QApplication::focusWidget(), m->Find("txtHTTPPort"));
 
-    m->window.reset(); // the box loses the focus to nobody; a sanitizer sees a call into the past
+    m->window.reset(); // the box loses the focus to nobody; a sanitizer would see a call into the
+                       // deleted window
 
     QVERIFY(QApplication::focusWidget() == nullptr);
 }

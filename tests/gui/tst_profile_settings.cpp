@@ -222,7 +222,7 @@ void tst_ProfileSettings::runsTheClickOnceForAKey()
     QCOMPARE(m->station->profiles.currentWeatherProfile, qint16(2));
     QCOMPARE(clicks.count(), 2);
 
-    QTest::keyClick(List(), Qt::Key_Down); // there is no further one
+    QTest::keyClick(List(), Qt::Key_Down); // it is the last one
     QCOMPARE(clicks.count(), 2);
 }
 
@@ -254,7 +254,7 @@ void tst_ProfileSettings::runsTheClickForAChangeByCode()
     List()->setCurrentIndex(2);
     QCOMPARE(clicks.count(), 1);
 
-    // The change by code does not swallow the choice that follows.
+    // A change by code does not swallow the choice that follows.
     m->window->btnWeatherSettings_Click();
     List()->showPopup();
     QTest::keyClick(List()->view(), Qt::Key_Enter);
@@ -275,7 +275,7 @@ void tst_ProfileSettings::showsTheProfileAgainWhenTheListIsScrolled()
     bar->setRange(0, 10);
     bar->setValue(bar->value() + 1);
 
-    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown anew, what was typed is not stored
+    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown afresh, what was typed is not stored
     QCOMPARE(m->station->profiles.weather[0].location[0], "Salem");
     QCOMPARE(m->station->minMax.TodayMinTemp, 60.0);
     QCOMPARE(clicks.count(), 0);
@@ -365,7 +365,7 @@ void tst_ProfileSettings::scrollsByTheWheelWhileItIsOpen()
     TurnWheel(List()->view()->viewport());
 
     QVERIFY(List()->view()->verticalScrollBar()->value() > 0);
-    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown anew
+    QCOMPARE(m->Text("txtLocation1"), "Salem"); // shown afresh
     QCOMPARE(List()->currentIndex(), 0);
     List()->hidePopup();
 }
@@ -383,7 +383,7 @@ void tst_ProfileSettings::opensByKeys()
     QTest::keyClick(List()->view(), Qt::Key_Escape);
 
     QVERIFY(!List()->view()->isVisible());
-    QVERIFY(m->IsShown("frmWeatherSettings")); // the key has closed the list alone
+    QVERIFY(m->IsShown("frmWeatherSettings")); // the key closed only the list
 }
 
 void tst_ProfileSettings::cutsALongTitleInPaintingOnly()
@@ -422,8 +422,8 @@ void tst_ProfileSettings::keepsMnemonicsOfCoveredControlsStill()
     };
     press(Qt::Key_W); // "Weather Settings"; the toolkit shows a pressed button for a moment
     QTRY_VERIFY(m->IsShown("frmWeatherSettings"));
-    press(Qt::Key_R); // "Show Raw Received Data" lies under it
-    press(Qt::Key_F); // "Forecast" does not
+    press(Qt::Key_R); // "Show Raw Received Data" is covered
+    press(Qt::Key_F); // "Forecast" is not
     QTRY_VERIFY(m->IsShown("frmPage1"));
     QVERIFY(!m->IsShown("frmWeatherRaw"));
     press(Qt::Key_C);
@@ -433,7 +433,7 @@ void tst_ProfileSettings::keepsMnemonicsOfCoveredControlsStill()
 
     press(Qt::Key_R);
     QTRY_VERIFY(m->IsShown("frmWeatherRaw"));
-    press(Qt::Key_F); // lies under it now
+    press(Qt::Key_F); // is covered now
     press(Qt::Key_D);
     QTRY_VERIFY(!m->IsShown("frmWeatherRaw"));
     QVERIFY(m->IsShown("frmPage0"));

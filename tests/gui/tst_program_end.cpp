@@ -218,7 +218,7 @@ void tst_ProgramEnd::keepsAMultiLineLocation()
     QVERIFY(!m->Start());
     QCOMPARE(m->station->profiles.weather[4].location[2], location);
 
-    QVERIFY(!m->Restart()); // having stored it
+    QVERIFY(!m->Restart()); // which stores it
 
     QCOMPARE(m->station->profiles.weather[4].location[2], location);
 }

@@ -73,7 +73,7 @@ void tst_SecondStart::readsAnewInTheServiceInsteadOfEnding()
         QVERIFY(ended.wait());
         QCOMPARE(reload.count(), 2);
     }
-    std::raise(SIGHUP); // while the program comes to its end
+    std::raise(SIGHUP); // while the program is ending
     std::raise(SIGUSR1);
     std::signal(SIGHUP, SIG_DFL);
 }

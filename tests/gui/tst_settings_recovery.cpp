@@ -14,7 +14,7 @@ const QString kRecovery = "TavrinWeatherRecovery.ini";
 
 } // namespace
 
-/// What becomes of changed settings when the program does not come to its end.
+/// What becomes of changed settings when the program does not end properly.
 class tst_SettingsRecovery final : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void belongsToItsSession();
 
 private:
-    /// The end that nobody has been told of: the next start finds what is on the disk.
+    /// Ends the program without telling it: the next start finds what is on the disk.
     void CrashAndStart(const QString &command = {})
     {
         auto crashed = std::make_unique<MainWindow>();
@@ -71,7 +71,7 @@ void tst_SettingsRecovery::keepsEveryChangeWithinTwoSeconds_data()
                            << "MD" << QByteArray("ForecastState=MD\r\n");
     QTest::newRow("port") << "txtHTTPPort"
                           << "8080" << QByteArray("HTTPPort=8080\r\n");
-    // It becomes the profile's with the request that the first tick starts.
+    // Becomes the profile's with the request that the first tick starts.
     QTest::newRow("location") << "txtLocation1"
                               << "KBWI" << QByteArray("location1=KBWI\r\n");
     for (int i = 0; i < 4; ++i) {

@@ -159,7 +159,7 @@ void tst_StartUp::showsItselfFirstAndMinimisesLater()
 void tst_StartUp::staysShownWhenNotAskedToMinimise()
 {
     m->Write("TavrinWeatherSettings.ini",
-             "[Settings]\r\nFirstRun=False\r\nMinimizeOnStartup=TRUE\r\n"); // "True" only counts
+             "[Settings]\r\nFirstRun=False\r\nMinimizeOnStartup=TRUE\r\n"); // only "True" counts
     QVERIFY(!m->Start());
 
     QVERIFY(!m->Find<QCheckBox>("chkMinimizeOnStartup")->isChecked());
@@ -269,7 +269,7 @@ void tst_StartUp::alternatesTheNotices()
 
     m->window->tmrDisclamer_Timer();
     QCOMPARE(shown(), credits);
-    m->window->cmdPage_Click(1); // another page makes no difference: the label's own state counts
+    m->window->cmdPage_Click(1); // the page makes no difference: the label's own state counts
     m->window->tmrDisclamer_Timer();
     QCOMPARE(shown(), disclaimers);
 }

@@ -18,7 +18,7 @@ namespace {
 
 const QString kMarkup = "<b>A & B</b>";
 
-/// What the tool tip of `control` shows to the eye, but for the place of its line breaks.
+/// What the tool tip of `control` looks like, apart from where its lines break.
 QString ToolTipOf(QWidget *control)
 {
     QToolTip::hideText();
@@ -31,7 +31,7 @@ QString ToolTipOf(QWidget *control)
 
 } // namespace
 
-/// How texts are shown: those of the program's own and those from services and profiles.
+/// How texts are shown: the program's own and those from services and profiles.
 class tst_Texts final : public QObject
 {
     Q_OBJECT
@@ -223,7 +223,7 @@ void tst_Texts::showsTextsFromOutsideLiterally()
     QCOMPARE(m->Find("txtLocation1")->accessibleName(), kMarkup);
     QCOMPARE(m->Find<ElidedLabel>("lblLocation2Title")->Lines(), QStringList{"&Next"});
 
-    // An "&" of a profile is no mnemonic.
+    // An "&" in a profile is no mnemonic.
     QApplication::setActiveWindow(m->window.get());
     m->Find("txtLocation1")->setFocus();
     QTest::keyClick(m->window.get(), Qt::Key_N, Qt::AltModifier);

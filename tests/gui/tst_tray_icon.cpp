@@ -61,7 +61,7 @@ private:
 
     [[nodiscard]] QTimer *Timer() const { return m->window->findChild<QTimer *>("tmrIconUpdate"); }
 
-    /// As if the timer's interval were over, so many times.
+    /// As if the timer's interval had passed, this many times.
     void LetTimePass(int times = 1) const
     {
         for (int i = 0; i < times; ++i)
@@ -359,8 +359,8 @@ void tst_TrayIcon::unloadsItsImagesAtTheEnd()
     QCOMPARE(Graphics(), nullptr);
 }
 
-// Also where a desktop's bus is there, whose panel would take icons: there is no window system to
-// bring the window back on.
+// Even on a desktop with a bus whose panel would take icons: there is no window system to bring the
+// window back on.
 void tst_TrayIcon::isInNoPanelWithoutAWindowSystem()
 {
     SystemPanelIcon icon;

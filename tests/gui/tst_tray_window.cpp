@@ -55,7 +55,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] frmMain &Window() const { return *m->window; }
 
-    /// As the window's button for it does.
+    /// As the window's minimise button does.
     void Minimise() const
     {
         Window().windowHandle()->showMinimized();
@@ -382,7 +382,7 @@ void tst_TrayWindow::staysHiddenWhenThePanelComesBack()
     m->panelIcon.BringPanel();
     QVERIFY(!IsPanelAwaited());
     Window().tmrIconUpdate_Timer();
-    Window().tmrPanelGone_Timer(); // had it been too late to be stopped
+    Window().tmrPanelGone_Timer(); // as if it had been too late to stop it
 
     QVERIFY(Window().isHidden());
     QVERIFY(m->state.tray.IsMinimizedToTray);

@@ -238,7 +238,7 @@ void tst_WeatherDisplay::opensAndScrollsAReplyOfAMegabyte()
 
     QTest::mouseClick(m->Find("btnShowRaw"), Qt::LeftButton);
 
-    // Its beginning is there at once, and no more than can be laid out in no time.
+    // Its beginning is there at once, and no more of it than can be laid out in no time.
     const qsizetype first = box->toPlainText().size();
     QVERIFY(first > 0);
     QVERIFY(first <= LongTextBox::kPiece);

@@ -106,7 +106,7 @@ void tst_WeatherGraph::redrawingChangesNoElement()
     const QImage imageBefore = Painted(graph);
     graph.MinTemp(minTemp);
     graph.MaxTemp(maxTemp);
-    const GraphElements before = graph.Elements(); // as they were painted, on the scale before
+    const GraphElements before = graph.Elements(); // as painted, on the previous scale
 
     graph.RedrawGraph();
 
@@ -146,7 +146,7 @@ void tst_WeatherGraph::redrawingThrowsWithoutAFiniteRange()
     graph.MinTemp(40);
     graph.MaxTemp(80);
     Painted(graph);
-    QCOMPARE(MarkersInSight(graph), 0); // the reset was done before its exception
+    QCOMPARE(MarkersInSight(graph), 0); // the reset was done before the exception
 }
 
 void tst_WeatherGraph::resizingGivesTheDateTheWidth()

@@ -13,7 +13,7 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 
 } // namespace
 
-/// The temperature graph as it is seen.
+/// What the temperature graph looks like.
 class tst_WeatherGraphPainting final : public QObject
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ void tst_WeatherGraphPainting::curveStaysInsideThePlot()
     const auto &guides = graph.Elements().linTempLabel;
     const int top = int(guides[4].line.y1());
     const int bottom = int(guides[0].line.y1());
-    constexpr int kMarker = 3; // of which half may stand out
+    constexpr int kMarker = 3; // half of it may stick out
     QVERIFY(HasColor(image, QRect(0, top, image.width(), bottom - top), kCurve));
     QVERIFY(!HasColor(image, QRect(0, 0, image.width(), top - kMarker), kCurve));
     const int below = bottom + kMarker + 1;
@@ -77,7 +77,7 @@ void tst_WeatherGraphPainting::missingHourLeavesAGap()
     FillDay(graph);
     const QImage whole = Painted(graph);
     const auto &markers = graph.Elements().cirTemp;
-    // Between the markers of the hours before and behind, which are five pixels wide.
+    // Between the markers of the hours before and after, which are five pixels wide.
     const int left = int(markers[13].centre.x()) + 4;
     const QRect gap(left, 0, int(markers[15].centre.x()) - 4 - left, kGraphSize.height());
     QVERIFY(HasColor(whole, gap, kCurve));
@@ -88,7 +88,7 @@ void tst_WeatherGraphPainting::missingHourLeavesAGap()
     QVERIFY(gap.width() > 10);
     QVERIFY(!HasColor(image, gap, kCurve));
     QVERIFY(HasColor(image, gap.translated(-gap.width(), 0), kCurve));
-    // Nor is the ground shaded: what is left are ground, guide lines, axis and ticks.
+    // Nor is the background shaded: only background, guide lines, axis and ticks are left.
     const int middle = int(graph.Elements().linTempLabel[1].line.y1()) + 10;
     for (int x = gap.left(); x <= gap.right(); ++x)
         QCOMPARE(image.pixelColor(x, middle), graph.palette().color(QPalette::Base));
@@ -110,7 +110,7 @@ void tst_WeatherGraphPainting::straightLinesAreSharp()
     WeatherGraph graph;
     FillDay(graph);
     graph.TempArray(-1000, 23); // leaves the right end of the plot free
-    graph.TempArray(-1000, 0);  // lowest is 51, which no guide line stands for
+    graph.TempArray(-1000, 0);  // lowest is 51, which is on no guide line
 
     const QImage image = Painted(graph, ratio);
 
@@ -164,7 +164,7 @@ void tst_WeatherGraphPainting::textsAreLegible()
     QVERIFY(BestContrast(image, elements.lblDate.box, ground) >= kTexts);
     for (const GraphLabel &label : elements.lblTempLabel)
         QVERIFY(BestContrast(image, label.box, ground) >= kTexts);
-    // The hours below the ticks, the extremes at the right of the lines.
+    // The hours below the ticks, the extremes to the right of the lines.
     const QRectF below(0, elements.linHour[0].line.y2() + 2, kGraphSize.width(),
                        kGraphSize.height());
     QVERIFY(BestContrast(image, below, ground) >= kTexts);

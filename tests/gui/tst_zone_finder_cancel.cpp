@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QTest>
 
-/// The ways to break off a retrieval of the zone finder.
+/// The ways to cancel the zone finder's retrieval.
 class tst_ZoneFinderCancel final : public ZoneRetrievalTest
 {
     Q_OBJECT

@@ -12,7 +12,7 @@
 namespace {
 
 // Milliseconds, far below every time-out. An idle machine needs less than 250; a busy one may
-// stand.
+// stall.
 constexpr int kLongestCancel = 3000;
 
 /// The path that a request's head asks for.
@@ -33,7 +33,7 @@ QString PlaceOf(int number)
                            : "Towson " + QString::number(number);
 }
 
-/// What a host does that misbehaves.
+/// What a misbehaving host does.
 enum class Fault
 {
     Stalls,
@@ -100,7 +100,7 @@ private:
         return QString::fromStdString(m_server->Url("/data/forecasts/zone/md/"));
     }
 
-    // Set before the first request; m_open meanwhile.
+    // Set before the first request; only m_answered changes later.
     int m_files = 3;
     int m_faultAt = -1; ///< Number of a file, 0 for the list; -1: none.
     Fault m_fault = Fault::Stalls;
@@ -156,7 +156,7 @@ void tst_ZoneFinderNetwork::Answer(LoopbackConnection &connection, const std::st
     if (number == m_faultAt) {
         Misbehave(connection, m_fault, body.toStdString());
     } else if (number == 0 && m_listWithoutLength) {
-        // As long as the connection lasts: nobody can tell that the end is missing.
+        // The body lasts as long as the connection: nobody can tell that the end is missing.
         const qsizetype lastRow = body.lastIndexOf("</a>");
         connection.Send("HTTP/1.1 200 OK\r\n\r\n" + body.first(lastRow).toStdString());
         connection.CloseAfterwards();
@@ -360,7 +360,7 @@ void tst_ZoneFinderNetwork::leavesOtherTransfersAlone()
     QTRY_VERIFY(!m->dialog->Retrieving());
     QCOMPARE(m->Entries().size(), 3);
 
-    m_faultAt = 1; // the next one is cancelled; no request is on its way that could see this change
+    m_faultAt = 1; // the next one is cancelled; no request is under way that could see this change
     m->Click("btnNOAAZonesGetList");
     QTRY_COMPARE(m->Label("lblProgress"), "33.3%  (1 of 3)");
     m->Click("btnCancel");

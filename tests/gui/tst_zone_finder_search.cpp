@@ -157,7 +157,7 @@ void tst_ZoneFinderSearch::handsBackTheStateOfTheMoment()
 void tst_ZoneFinderSearch::handsBackNothingWithoutASelection()
 {
     ClickEntry(2);
-    m->Type("t"); // takes the selection away and leaves the button as it is
+    m->Type("t"); // clears the selection and leaves the button as it is
     QVERIFY(m->IsEnabled("btnSelect"));
 
     m->Click("btnSelect");

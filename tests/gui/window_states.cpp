@@ -124,7 +124,7 @@ void ShowFilled(MainWindow &m, const Visit &visit)
     Look(*m.window, visit);
 }
 
-/// The longest texts of the shipped profiles and of the service of the first one.
+/// The longest texts of the shipped profiles and of the first one's service.
 void ShowLongest(MainWindow &m, const Visit &visit)
 {
     StartWith(m, ShippedProfiles());

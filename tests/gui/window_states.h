@@ -11,19 +11,19 @@
 /// One of the states in which people see the program.
 struct ShownState
 {
-    /// Is called with the window that is looked at, while it is on the screen.
+    /// Called with the window to look at while it is on the screen.
     using Visit = std::function<void(QWidget &window)>;
 
     const char *name = "";  ///< Also the name of its picture.
     const char *title = ""; ///< For people.
     void (*show)(MainWindow &m, const Visit &visit) = nullptr;
-    bool isOnSheet = true; ///< Stands on the contact sheet, too.
+    bool isOnSheet = true; ///< Also on the contact sheet.
 };
 
 /// All of them, each beginning with a main window that has not been started yet.
 [[nodiscard]] const std::vector<ShownState> &WindowStates();
 
-/// Brings up one state after the other and lets it be looked at.
+/// Brings up one state after the other and calls `visit` in each.
 void VisitWindowStates(const std::function<void(const ShownState &state, QWidget &window)> &visit);
 
 /// Lets layouts and what is laid out in pieces settle.

@@ -15,11 +15,11 @@
 #include <memory>
 #include <utility>
 
-/// The zone finder of an owner; time stands at noon of 16 November 2026, Maryland is chosen.
+/// A zone finder with an owner. The clock shows noon on 16 November 2026; Maryland is chosen.
 class ZoneFinder
 {
 public:
-    static constexpr qint16 kMaryland = 19; ///< Alphabetically behind Maine.
+    static constexpr qint16 kMaryland = 19; ///< Alphabetically after Maine.
 
     explicit ZoneFinder(HttpTransfers &http, QString host = "https://host")
         : m_http(http)
@@ -80,7 +80,7 @@ public:
         return list->selectedItems().isEmpty() ? -1 : list->row(list->selectedItems().front());
     }
 
-    /// The controls of those that a retrieval disables which are enabled.
+    /// Those of the controls that a retrieval disables which are enabled now.
     [[nodiscard]] QStringList Enabled() const
     {
         QStringList enabled;
@@ -115,7 +115,7 @@ inline QString ZoneListing(const QList<int> &numbers)
     return rows;
 }
 
-/// The file of the zone `code` ("MDZ011") that lies at `place`.
+/// The file of the zone `code` ("MDZ011"), which is at `place`.
 inline QString ZoneFile(const QString &code, const QString &place)
 {
     return code + "-161500-\n" + place + "-\n1015 AM EST MON NOV 16 2026\n";

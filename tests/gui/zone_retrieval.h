@@ -36,7 +36,7 @@ public:
         m_http.Finish(HandleOfFile(name), ZoneFile(name.first(6).toUpper(), place));
     }
 
-    /// Starts and lets the list of these files arrive, so that the first is asked for.
+    /// Starts and lets the list of these files arrive, so that the first is requested.
     void StartWith(const QList<int> &numbers)
     {
         Click("btnNOAAZonesGetList");
