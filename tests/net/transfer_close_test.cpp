@@ -151,8 +151,7 @@ TEST(TransferClosing, LetsTheProgramEndWhileServersAreSilent)
 
 TEST(TransferClosing, LeavesNoThreadAndNoDescriptor)
 {
-    ExpectFailed(
-        Get("http://127.0.0.1:1/")); // what libcurl opens once for the process is there now
+    ExpectFailed(Get("http://127.0.0.1:1/")); // so that libcurl has opened what it opens once
     const long threads = RunningThreads();
     const long descriptors = OpenDescriptors();
 

@@ -3,7 +3,7 @@
 
 namespace {
 
-// The parts of HTTP/2 that an answer of one stream takes.
+// The parts of HTTP/2 that an answer on one stream needs.
 constexpr char kData = 0;
 constexpr char kHeaders = 1;
 constexpr char kSettings = 4;
@@ -18,7 +18,7 @@ std::string Frame(char type, char flags, char stream, const std::string &payload
     return length + type + flags + std::string(3, 0) + stream + payload;
 }
 
-/// Reads the client's frames up to its request; false when it does not come.
+/// Reads the client's frames up to its request; false if none comes.
 bool ReadRequest(Connection &connection)
 {
     const auto byte = [](char c) { return static_cast<size_t>(static_cast<unsigned char>(c)); };
@@ -34,7 +34,7 @@ bool ReadRequest(Connection &connection)
     }
 }
 
-/// What comes of an answer that is these frames behind its head.
+/// What comes of an answer that consists of its head and these frames.
 Reply ReplyInFrames(const std::string &frames)
 {
     const TestCertificates certificates;
@@ -47,7 +47,7 @@ Reply ReplyInFrames(const std::string &frames)
     SSL_CTX_set_alpn_select_cb(certificates.ServerContext(), choose, nullptr);
     const LoopbackServer server(
         [&frames](Connection &connection, const std::string &) {
-            const std::string status200 = "\x88"; // the eighth of the headers that all know
+            const std::string status200 = "\x88"; // the eighth header of the static table
             connection.Send(Frame(kSettings, 0, 0, ""));
             if (ReadRequest(connection))
                 connection.Send(Frame(kHeaders, kEndHeaders, kFirstStream, status200) + frames);

@@ -182,7 +182,7 @@ TEST(TransferLimits, GivesUpAServerThatStopsInTheBody)
 
 TEST(TransferLimits, WaitsForASlowServerThatGoesOn)
 {
-    // The whole reply takes longer than the idle time, no gap in it does.
+    // The whole reply takes longer than the idle time, but no gap in it does.
     ExpectReceived(GetScripted(
                        [](Connection &connection, const std::string &) {
                            connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
@@ -242,7 +242,7 @@ public:
         port = ntohs(address.sin_port);
         for (int &waiting : m_waiting) {
             waiting = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
-            // The first ones are queued, the others wait like everybody: the result says nothing.
+            // The first ones are queued, the rest wait like any other: the result says nothing.
             [[maybe_unused]] const int result = connect(waiting, plain, size);
         }
     }

@@ -272,7 +272,7 @@ TEST(TransferReply, TakesANewConnectionWhenTheKeptOneWasClosed)
 {
     const LoopbackServer server([](Connection &connection, const std::string &head) {
         connection.Reply(head.substr(4, 2));
-        connection.CloseAfterwards(); // without a word about it
+        connection.CloseAfterwards(); // without announcing it
     });
     CurlTransfers transfers;
 

@@ -50,7 +50,7 @@ TEST_F(TransferTls, RefusesACertificateOfAnotherName)
 TEST_F(TransferTls, RefusesAServerThatSpeaksOldVersionsOnly)
 {
     SSL_CTX *const context = m_certificates.ServerContext();
-    SSL_CTX_set_security_level(context, 0); // else the server itself would speak none
+    SSL_CTX_set_security_level(context, 0); // otherwise the server itself would speak none
     SSL_CTX_set_min_proto_version(context, TLS1_VERSION);
     SSL_CTX_set_max_proto_version(context, TLS1_1_VERSION);
     const LoopbackServer server(SayHello, context);
@@ -138,7 +138,7 @@ TEST_F(TransferTls, EndsQuietlyWhenTheServerIsGone)
         const LoopbackServer server(SayHello, m_certificates.ServerContext());
         ExpectReceived(GetFrom(transfers, server.Url()), u"hello");
     }
-    // The kept connection is closed when `transfers` goes away: writing to it must kill nobody.
+    // Destroying `transfers` closes the kept connection: writing to it must kill nobody.
 }
 
 } // namespace

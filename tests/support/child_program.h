@@ -11,7 +11,7 @@
 #include <chrono>
 #include <csignal>
 
-/// A program of ours that a test started. It never outlives the test.
+/// One of the project's programs, started by a test. It never outlives the test.
 class ChildProgram
 {
 public:
@@ -34,7 +34,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(ChildProgram)
 
-    /// The first line that the program prints, without its end; empty when it does not come.
+    /// The first line that the program prints, without its end; empty if none comes.
     [[nodiscard]] QString FirstLine()
     {
         const QDeadlineTimer deadline(kPatience);
@@ -68,7 +68,7 @@ public:
     void Kill() { m_process.kill(); }
 
     /// Waits for the program's end.
-    /// @return its exit code; -1 when it did not end or crashed.
+    /// @return its exit code; -1 if it did not end or crashed.
     [[nodiscard]] int ExitCode()
     {
         if (m_process.state() != QProcess::NotRunning

@@ -2,10 +2,10 @@
 
 #include <QtGlobal>
 
-/// While it lives, no file of this process takes more than `bytes`: from there on write() fails
-/// with the error `number`, as on a disk that is full. The standard channels go on. One at a time.
+/// While it lives, no file of this process takes more than `bytes`: beyond that, write() fails with
+/// the error `number`, as on a full disk. The standard streams still work. One at a time.
 ///
-/// It works by standing in front of the C library's write() in the test program.
+/// It intercepts the C library's write() in the test program.
 class FailingWrite
 {
 public:

@@ -10,7 +10,7 @@
 class FakeTransfers final : public HttpTransfers
 {
 public:
-    static constexpr int kRefusedUrl = 3; ///< The number of a URL that is none.
+    static constexpr int kRefusedUrl = 3; ///< The error number of a URL that is none.
 
     struct Transfer
     {

@@ -72,7 +72,7 @@ std::string FaultHost::MakeAddress(Way way) const
     case Way::Refused:
         return "http://127.0.0.1:" + std::to_string(m_refusingPort);
     case Way::NoRoute:
-        // The loopback's own broadcast address: the system has no way there for a connection.
+        // The loopback's own broadcast address: the system has no route there for a connection.
         return "http://127.255.255.255:" + std::to_string(m_plain->Port());
     case Way::NoName:
         return "http://host.silent.test:" + std::to_string(m_plain->Port());

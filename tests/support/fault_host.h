@@ -14,7 +14,7 @@ enum class Way
 {
     Plain,      ///< http; the host is there.
     Secure,     ///< https with a valid certificate.
-    Expired,    ///< https with a certificate that has run out,
+    Expired,    ///< https with an expired certificate,
     SelfSigned, ///< one that nobody vouches for,
     OtherName,  ///< and one of another host.
     Refused,    ///< Nobody listens there.
@@ -27,19 +27,19 @@ struct FaultyRequest
 {
     std::string body;   ///< Of the right answer.
     std::string path;   ///< With its query.
-    std::string plain;  ///< The host's addresses, scheme and host; behind both there are right
-    std::string secure; ///< answers for `path` and "moved" behind it.
+    std::string plain;  ///< Scheme and host of the host's two addresses. Both have the right
+    std::string secure; ///< answer at `path` + "moved" too.
 };
 
 /// A host on the loopback, over http and https, that gives right answers and, on one path, shows a
-/// fault as long as it is told to.
+/// fault for as long as it is told to.
 class FaultHost
 {
 public:
     /// Answers one request in another way. Runs on the host's threads.
     using Fault = std::function<void(LoopbackConnection &connection, const FaultyRequest &request)>;
 
-    /// @param certificates outlive the host.
+    /// @param certificates must outlive the host.
     explicit FaultHost(const TestCertificates &certificates);
     ~FaultHost();
     Q_DISABLE_COPY_MOVE(FaultHost)
@@ -50,11 +50,11 @@ public:
         return m_addresses[static_cast<size_t>(way)];
     }
 
-    /// The right answer for `path` from now on. Its connection ends with it, so that behind one
-    /// there are none.
+    /// Sets the right answer for `path`. Each answer ends its connection, so that none is left
+    /// afterwards.
     void Offer(const std::string &path, const std::string &body);
 
-    /// From now on `path` has the fault; null: it is mended.
+    /// From now on `path` has the fault; null: it is repaired.
     void Strike(const std::string &path, Fault fault);
 
     [[nodiscard]] int Struck() const; ///< Requests that met a fault.
@@ -71,7 +71,7 @@ private:
     int m_struck = 0;
 
     int m_refusingPort = 0;
-    int m_refusing; ///< A socket that keeps that port, where nobody listens.
+    int m_refusing;                         ///< A socket that holds that port without listening.
     std::array<std::string, 8> m_addresses; ///< In the order of Way.
     std::unique_ptr<LoopbackServer> m_plain;
     std::array<std::unique_ptr<LoopbackServer>, 4> m_secure; ///< In the order of ServerCertificate.

@@ -5,8 +5,8 @@
 #include <chrono>
 #include <utility>
 
-/// A clock that stands still until the test moves it. Setting it is what a person does to a clock:
-/// no time passes by that.
+/// A clock that stands still until the test moves it. Set() is what a person does to a clock: no
+/// time passes.
 class FixedClock final : public Clock
 {
 public:

@@ -8,8 +8,7 @@
 
 #include <csignal>
 
-/// Another process of the test's own program, which does nothing but wait for signals. It ends with
-/// the test.
+/// Another process of the test's own program, which only waits for signals. It ends with the test.
 class ForkedCopy
 {
 public:

@@ -33,7 +33,7 @@ sockaddr_in Loopback(int port)
     return address;
 }
 
-/// The other side may be gone when something is written to it: no signal then.
+/// The other side may be gone when something is written to it: that must raise no signal.
 void HoldBackBrokenPipe()
 {
     sigset_t set;
@@ -84,7 +84,7 @@ long LoopbackConnection::Receive(char *bytes, size_t size)
                             : recv(m_socket, bytes, size, 0);
 }
 
-/// Waits for more bytes and puts them behind those that are not read yet.
+/// Waits for more bytes and appends them to those not read yet.
 bool LoopbackConnection::ReceiveMore()
 {
     std::array<char, 4096> chunk = {};

@@ -15,7 +15,7 @@
 struct ssl_ctx_st; // SSL_CTX
 struct ssl_st;     // SSL
 
-/// What a scripted answer does with its connection. All calls are the server's thread's.
+/// What a scripted answer does with its connection. All calls are made on the server's thread.
 class LoopbackConnection
 {
 public:
@@ -44,7 +44,7 @@ public:
     /// Says nothing for `milliseconds`, less when the other side closes or the server stops.
     void Pause(int milliseconds);
 
-    /// Ends the connection the hard way.
+    /// Ends the connection with a reset.
     void Reset();
 
     /// No request follows on this connection.
@@ -63,7 +63,7 @@ private:
     bool m_open = true;
 };
 
-/// A web server on 127.0.0.1 whose answers are written by the test. One thread a connection.
+/// A web server on 127.0.0.1 whose answers the test writes. One thread per connection.
 class LoopbackServer
 {
 public:
@@ -71,7 +71,8 @@ public:
     using Script = std::function<void(LoopbackConnection &connection, const std::string &head)>;
 
     /// Serves at once, on a port of the system's choice.
-    /// @param tls null: plain http; else https with this context, which outlives the server.
+    /// @param tls null: plain http; otherwise https with this context, which must outlive the
+    /// server.
     explicit LoopbackServer(Script script, ssl_ctx_st *tls = nullptr);
     ~LoopbackServer();
     Q_DISABLE_COPY_MOVE(LoopbackServer)

@@ -9,7 +9,7 @@
 #include <string>
 #include <thread>
 
-/// A service on the loopback that has one reply for every request, and remembers what it was asked.
+/// A service on the loopback that has one reply to every request and remembers the requests.
 class OneReplyService
 {
 public:

@@ -2,7 +2,7 @@
 
 #include "station/station.h"
 
-/// A station whose inside a test may look at and change.
+/// A station whose internals a test may read and change.
 class OpenStation final : public Station
 {
 public:

@@ -8,7 +8,7 @@
 #include <string>
 
 // What this process holds at the moment, as the system counts it. The threads that the toolkit
-// paints with are left out, as they come and go on their own, each with one file descriptor.
+// paints with are left out, because they come and go on their own, each with one file descriptor.
 
 inline bool IsPaintingThread(const std::filesystem::directory_entry &task)
 {

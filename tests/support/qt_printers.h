@@ -9,7 +9,7 @@
 
 #include <ostream>
 
-// Readable failures: GoogleTest finds these by the name.
+// These make failures readable; GoogleTest finds them by name.
 
 inline void PrintTo(const QString &text, std::ostream *out)
 {

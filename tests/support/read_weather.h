@@ -4,7 +4,7 @@
 
 #include <QList>
 
-/// What came of a reply that was read from its beginning to its end.
+/// What came of reading a reply from beginning to end.
 struct ReadWeather
 {
     bool taken = false;
@@ -13,7 +13,7 @@ struct ReadWeather
 };
 
 /// Reads `reply` in both steps and puts the values into the profile, as the program does, with a
-/// min/max store that does not take the reading.
+/// min/max store that ignores the reading.
 inline ReadWeather ReadInto(WeatherProfile *profile, const QString &reply, const QDateTime &now,
                             const MinMaxTemps &minMax = {})
 {

@@ -29,7 +29,7 @@ protected:
 
     [[nodiscard]] QByteArray Written() const { return m_folder.Bytes("Program.lock"); }
 
-    /// Leaves everyone the same rights to the file, and those of `folderMode` to its folder.
+    /// Gives everyone the same rights to the file, and those of `folderMode` to its folder.
     void LeaveOthers(QFile::Permissions rights, mode_t folderMode = 0777) const
     {
         ASSERT_TRUE(QFile::setPermissions(m_path, rights));
@@ -38,13 +38,13 @@ protected:
 
     void TearDown() override
     {
-        // Or what is in it could not be removed with the folder.
+        // Otherwise its contents could not be removed with the folder.
         EXPECT_EQ(::chmod(QFile::encodeName(m_folder.Path(".")).constData(), 0700), 0);
     }
 };
 
-/// What the thread does to files, a user does who is neither the superuser nor, where the test runs
-/// as that, the owner of the test's files.
+/// While it lives, the thread uses files as a user who is neither the superuser nor, if the test
+/// runs as the superuser, the owner of the test's files.
 class AsAnotherUser
 {
 public:

@@ -4,11 +4,11 @@
 
 #include <string>
 
-/// While one of these lives, looking up any name that ends in ".silent.test" takes until the
-/// object goes away, as with a name server that does not answer; then the look-up fails. Without
-/// one, such a name fails at once. All other names go to the system.
+/// While one of these lives, looking up any name that ends in ".silent.test" takes until the object
+/// goes away, as with a name server that does not answer; then the look-up fails. Without one, such
+/// a name fails at once. All other names go to the system.
 ///
-/// It works by standing in front of the C library's getaddrinfo() in the test program.
+/// It intercepts the C library's getaddrinfo() in the test program.
 class SilentNameServer
 {
 public:

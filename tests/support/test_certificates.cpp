@@ -40,7 +40,7 @@ void AddExtension(X509 *certificate, X509 *issuer, int kind, const char *value)
     X509_EXTENSION_free(extension);
 }
 
-/// @param issuer null: the certificate is its own.
+/// @param issuer null: the certificate is self-signed.
 Certificate MakeCertificate(const std::string &name, long serial, EVP_PKEY *key, X509 *issuer)
 {
     Certificate made(X509_new());

@@ -6,17 +6,17 @@
 #include <memory>
 #include <string>
 
-/// What a server shows.
+/// The certificate that a server shows.
 enum class ServerCertificate
 {
     Valid,      ///< For 127.0.0.1, signed by the test's authority.
-    Expired,    ///< The same until a day ago.
+    Expired,    ///< The same, but only until a day ago.
     SelfSigned, ///< For 127.0.0.1, signed by itself.
     OtherName,  ///< Signed by the test's authority for another name.
 };
 
-/// An authority of the test's own and servers' certificates. Made fresh each time; nothing of it is
-/// ever written to a disk.
+/// The test's own authority and servers' certificates, made fresh each time and never written to a
+/// disk.
 class TestCertificates
 {
 public:

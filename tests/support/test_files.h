@@ -21,7 +21,7 @@ class TestFolder
 public:
     [[nodiscard]] QString Path(const QString &name) const { return m_folder.filePath(name); }
 
-    /// The bytes of a file in it; nothing when it is not there.
+    /// The bytes of a file in it; empty if it is not there.
     [[nodiscard]] QByteArray Bytes(const QString &name) const
     {
         QFile file(Path(name));

@@ -9,7 +9,7 @@ namespace {
 
 WatchedOpen::Watcher watcher; // NOLINT(readability-identifier-naming): no constant
 
-/// Tells the watcher, who may make files himself without hearing of those.
+/// Tells the watcher, which may make files itself without hearing of them.
 void Tell(const char *path, mode_t mode)
 {
     if (!watcher)
@@ -31,8 +31,8 @@ WatchedOpen::~WatchedOpen()
     watcher = nullptr;
 }
 
-/// What the program calls as open(). The mode is there only with O_CREAT; without it the value is
-/// not looked at, here and there.
+/// What the program calls as open(). The mode is passed only with O_CREAT; without it, nobody reads
+/// the value.
 extern "C" int OpenInFront(const char *path, int flags, mode_t mode) __asm__("open");
 
 extern "C" int OpenInFront(const char *path, int flags, mode_t mode)

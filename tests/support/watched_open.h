@@ -6,10 +6,10 @@
 
 #include <functional>
 
-/// While it lives, hears of every file that this process is about to make with open(), and may be
-/// quicker: what it puts there is there first. One at a time.
+/// While it lives, it hears of every file that this process is about to make with open(), and may
+/// be quicker: what it puts there is there first. One at a time.
 ///
-/// It works by standing in front of the C library's open() in the test program.
+/// It intercepts the C library's open() in the test program.
 class WatchedOpen
 {
 public:
