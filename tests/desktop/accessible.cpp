@@ -19,7 +19,7 @@ constexpr char kProperties[] = "org.freedesktop.DBus.Properties";
 
 const QString kRegistry = u"org.a11y.atspi.Registry"_s;
 const QString kRoot = u"/org/a11y/atspi/accessible/root"_s;
-constexpr uint kFromScreen = 0; ///< The corner that positions count from.
+constexpr uint kFromScreen = 0; ///< The corner that positions are counted from.
 
 } // namespace
 

@@ -24,7 +24,7 @@ QDBusArgument &operator<<(QDBusArgument &argument, const ObjectReference &refere
 const QDBusArgument &operator>>(const QDBusArgument &argument, ObjectReference &reference);
 
 /// What assistive technology is told of a window or a control in a running program. Everything is
-/// asked anew; of one that is gone everything is empty.
+/// asked afresh; of a control that is gone, everything is empty.
 class Accessible
 {
 public:
@@ -41,7 +41,7 @@ public:
 
     [[nodiscard]] QString Name() const;        ///< What it is called, or a label's text.
     [[nodiscard]] QString Description() const; ///< The control's name in the program.
-    [[nodiscard]] QString Text() const;        ///< What stands in a box; else the name.
+    [[nodiscard]] QString Text() const;        ///< What is in a box; otherwise the name.
     [[nodiscard]] bool Is(State state) const;
     [[nodiscard]] QRect OnScreen() const;
     [[nodiscard]] QList<Accessible> Children() const;
@@ -55,7 +55,7 @@ private:
     ObjectReference m_object;
 };
 
-/// Tells programs on which bus assistive technology is met: on the one they ask on.
+/// Tells programs on which bus to meet assistive technology: on the one they ask on.
 class AccessibilityBus final : public QObject
 {
     Q_OBJECT
@@ -71,7 +71,7 @@ private:
     QString m_address;
 };
 
-/// The meeting point of programs and assistive technology: programs come to it by themselves.
+/// Where programs and assistive technology meet: programs report here by themselves.
 class AccessibilityRegistry final : public QObject
 {
     Q_OBJECT
@@ -80,7 +80,7 @@ class AccessibilityRegistry final : public QObject
 public:
     explicit AccessibilityRegistry(QDBusConnection bus);
 
-    /// The root of what the process shows; nothing before it has come.
+    /// The root of what the process shows; nothing until it has reported.
     [[nodiscard]] std::optional<Accessible> Program(qint64 processId) const;
 
 public Q_SLOTS:

@@ -10,8 +10,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A desktop of a test's own: folders, message bus, screen and window manager. Nothing of it is
-/// shared with the user's desktop or with a test that runs at the same time.
+/// A test's own desktop: folders, message bus, screen and window manager. Nothing of it is shared
+/// with the user's desktop or with a test that runs at the same time.
 class Desktop
 {
 public:
@@ -21,14 +21,14 @@ public:
 
     [[nodiscard]] bool IsUp() const; ///< False when one of its parts could not be started.
 
-    /// From now on programs are started without a message bus. What their windows hold cannot be
-    /// seen then, only the windows themselves.
+    /// Programs started from now on have no message bus. What their windows hold can then not be
+    /// seen, only the windows themselves.
     void HideBus() { m_isBusHidden = true; }
 
-    /// From now on programs are started in the session that this one manages.
+    /// Programs started from now on are in the session that this one manages.
     void UseSessionManager(const QString &address) { m_sessionManager = address; }
 
-    /// What a program on this desktop is started with.
+    /// The environment in which programs on this desktop start.
     [[nodiscard]] QProcessEnvironment Environment() const;
 
     /// A file in the folder of the program under test.

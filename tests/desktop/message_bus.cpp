@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Who may connect may do everything, and no service is started on demand.
+/// Anyone who may connect may do everything, and no service is started on demand.
 const QString kConfiguration = uR"(<busconfig>
 <type>session</type>
 <listen>unix:dir=%1</listen>

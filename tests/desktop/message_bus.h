@@ -11,7 +11,7 @@
 class MessageBus
 {
 public:
-    /// Starts the bus; its socket and its configuration lie in `folder`.
+    /// Starts the bus; its socket and its configuration are in `folder`.
     explicit MessageBus(const QString &folder);
     ~MessageBus();
     Q_DISABLE_COPY_MOVE(MessageBus)

@@ -15,7 +15,7 @@ namespace {
 const QString kWatcher = u"org.kde.StatusNotifierWatcher"_s;
 const QString kItem = u"org.kde.StatusNotifierItem"_s;
 
-/// What a tool tip consists of on the bus; its pictures are passed over.
+/// What a tool tip consists of on the bus; its pictures are skipped.
 struct ToolTipText
 {
     QString title = {};
@@ -97,7 +97,7 @@ QString StatusPanel::ToolTip() const
 void StatusPanel::Click(Screen::Button button) const
 {
     const QString method = button == Screen::Button::Left ? u"Activate"_s : u"ContextMenu"_s;
-    // A program that finds its icon missing adds it anew: then the one in the list may be gone.
+    // A program that finds its icon missing adds it again, so the one in the list may be gone.
     const auto isTaken = [&] {
         const QStringList icons = Icons();
         if (icons.isEmpty())

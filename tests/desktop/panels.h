@@ -11,8 +11,8 @@
 #include <memory>
 #include <optional>
 
-/// Where a desktop shows the icons of programs that run out of sight. It goes with the object, as
-/// if it had crashed.
+/// Where a desktop shows the icons of programs that run out of sight. It goes away with the object,
+/// as if it had crashed.
 class Panel
 {
 public:
@@ -39,7 +39,7 @@ class StatusPanel final : public Panel
 {
 public:
     explicit StatusPanel(const Desktop &desktop);
-    ~StatusPanel() override; ///< Everybody on the bus has been told of its end when it is over.
+    ~StatusPanel() override; ///< Returns when everybody on the bus knows of its end.
     Q_DISABLE_COPY_MOVE(StatusPanel)
 
     [[nodiscard]] bool HasIcon() const override { return !Icons().isEmpty(); }

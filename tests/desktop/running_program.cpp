@@ -97,7 +97,7 @@ bool RunningProgram::IsShown()
     const auto standsStill = [this] {
         const ListedWindow window = Window();
         const auto main = Control(u"frmMain"_s);
-        // Only when the program has heard where its window was put, it can say where a control is.
+        // The program can say where a control is only once it has heard where its window was put.
         return !window.id.isEmpty() && !window.isMinimised && main && main->Is(State::Showing)
             && main->OnScreen().topLeft() == m_desktop.windows.ClientCorner(window.id);
     };

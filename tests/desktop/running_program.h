@@ -22,10 +22,10 @@ public:
     ~RunningProgram(); ///< Tells what it knows when the test has failed.
     Q_DISABLE_COPY_MOVE(RunningProgram)
 
-    /// Waits until the window can be used: it is on the screen, and stands still there.
+    /// Waits until the window can be used: it is on the screen and no longer moves.
     [[nodiscard]] bool IsShown();
 
-    /// Waits until the window stands minimised in the task bar.
+    /// Waits until the window is minimised in the task bar.
     [[nodiscard]] bool IsMinimised() const;
 
     /// Waits until the program runs without having its window on the screen or in the task bar.
@@ -44,8 +44,7 @@ public:
     [[nodiscard]] bool Click(const QString &control, Screen::Button button = Screen::Button::Left,
                              int times = 1);
 
-    /// The same with a button or an entry that is found by what is written on it, in whichever
-    /// window or list.
+    /// The same with a button or an entry found by what is written on it, in any window or list.
     [[nodiscard]] bool ClickTitled(const QString &title);
 
     /// Whether something with that title is there to be clicked.

@@ -8,8 +8,8 @@
 #include <memory>
 #include <optional>
 
-/// A screen that nobody sees, with keyboard and mouse. What is typed and clicked takes the way
-/// through the X server that it takes from a user's hands.
+/// A screen that nobody sees, with keyboard and mouse. What is typed and clicked goes through the X
+/// server just as it does from a user's hands.
 class Screen
 {
 public:

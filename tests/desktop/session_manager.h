@@ -15,14 +15,14 @@ public:
     /// Its name for the environment variable SESSION_MANAGER; empty when it could not be started.
     [[nodiscard]] QString Address() const { return m_address; }
 
-    /// Waits until the program has come: new, or as the client with an id of an earlier session.
+    /// Waits until the program has come: as a new client, or with its id of an earlier session.
     [[nodiscard]] bool HasNewClient();
     [[nodiscard]] bool HasClient(const QString &id);
 
-    /// Lets the program save its state while the session goes on, and waits until it has.
+    /// Has the program save its state while the session goes on, and waits until it is done.
     [[nodiscard]] bool Checkpoint() { return Order("checkpoint", "saved"); }
 
-    /// Asks the program to save its state ahead of a log-out, and waits until it has.
+    /// Asks the program to save its state before a log-out, and waits until it is done.
     [[nodiscard]] bool BeginLogOut() { return Order("log out", "saved"); }
 
     void CancelLogOut() { m_process.Write("cancel\n"); }

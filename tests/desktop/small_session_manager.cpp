@@ -1,5 +1,5 @@
 // A session manager for one program, as small as the protocol allows. It prints where it can be
-// found and then what the program says, a line each, and takes its orders from its input.
+// found and then what the program says, one line each, and reads its orders from its input.
 
 #include <QByteArray>
 #include <QByteArrayList>
@@ -14,7 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Of libICE, which exports it under this name and declares it nowhere.
+// libICE exports this name and declares it nowhere.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" int _IceTransNoListen(const char *protocol);
 
@@ -35,7 +35,7 @@ Status Register(SmsConn connection, SmPointer /*data*/, char *previousId)
     client = connection;
     char ownId[] = "id-of-the-first-start";
     SmsRegisterClientReply(connection, previousId != nullptr ? previousId : ownId);
-    if (previousId == nullptr) // a client that is new is asked at once how it is restarted
+    if (previousId == nullptr) // a new client is asked at once how to restart it
         SmsSaveYourself(connection, SmSaveLocal, False, SmInteractStyleNone, False);
     isForCheckpoint = previousId == nullptr;
     Say(QByteArray("registered ") + (previousId != nullptr ? previousId : "as new"));
@@ -231,7 +231,7 @@ void Serve(const QList<IceListenObj> &listeners)
 int main()
 {
     std::array<char, 256> problem{};
-    _IceTransNoListen("tcp"); // sockets of this host alone
+    _IceTransNoListen("tcp"); // only sockets of this host
     IceSetIOErrorHandler([](IceConn) {});
     IceAddConnectionWatch(WatchConnections, nullptr);
     int count = 0;

@@ -27,7 +27,7 @@ void StatusNotifierWatcher::RegisterStatusNotifierItem(const QString &service)
     m_items.append(service);
     m_owners.addWatchedService(service);
     Q_EMIT StatusNotifierItemRegistered(service);
-    // One that has gone before it was watched goes without a word.
+    // Nobody reports one that went before it was watched.
     if (!m_owners.connection().interface()->isServiceRegistered(service).value())
         Forget(service);
 }

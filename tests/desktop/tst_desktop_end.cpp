@@ -13,7 +13,7 @@ const QByteArray kFirstRunOnly = "[Settings]\r\nFirstRun=False\r\n";
 
 } // namespace
 
-/// The ends that the program can come to.
+/// The ways in which the program can end.
 class tst_desktop_end final : public QObject
 {
     Q_OBJECT
@@ -130,14 +130,13 @@ void tst_desktop_end::theEndOfTheScreenLeavesFilesWhole()
     QCOMPARE(m_desktop->Read("Weather.ini"), weather);
     QVERIFY(m_desktop->Read(kSettings).startsWith(kFirstRunOnly));
     QVERIFY(m_desktop->Read(kSettings).endsWith("\r\n"));
-    // No piece of a file that was being written, under whatever name; the lock of the session stays
-    // behind.
+    // No part of a file that was being written, under any name; the session's lock stays.
     QCOMPARE(m_desktop->Files(),
              QStringList({"TavrinWeatherMinMax.ini", "TavrinWeatherProfiles.ini", kSettings,
                           "TavrinWeatherUtility.lock", "Weather.ini"}));
 }
 
-/// Goes on with the same files on a desktop whose X server lives.
+/// Goes on with the same files on a desktop whose X server is alive.
 void tst_desktop_end::MoveToANewScreen()
 {
     auto next = std::make_unique<Desktop>();

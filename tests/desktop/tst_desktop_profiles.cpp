@@ -10,7 +10,7 @@ namespace {
 } // namespace
 
 /// The list of profiles under a user's hands. Each profile has an address of its own, by which the
-/// service tells which one has asked.
+/// service can tell which one has asked.
 class tst_desktop_profiles final : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private:
 
     [[nodiscard]] bool HasRequested(const QByteArray &path) const;
 
-    /// Brings the list on the screen once the first profile has been requested.
+    /// Brings the list onto the screen once the first profile has been requested.
     [[nodiscard]] bool OpenSettings() const;
 
     /// Leaves the list and presses the button, instead of waiting for the five seconds to pass.

@@ -184,7 +184,7 @@ void tst_desktop_session_manager::theNextSessionStartsItAgain()
     command.removeFirst();
     m_program = std::make_unique<RunningProgram>(*m_desktop, command);
     QVERIFY(m_manager->HasClient("id-of-the-first-start"));
-    QVERIFY(m_program->IsMinimised()); // it is no first run any more
+    QVERIFY(m_program->IsMinimised()); // no longer the first run
     QCOMPARE(m_program->Window().title, title);
     QVERIFY(m_program->Trace().contains("\nCommand:" + arguments.join(' ').toUtf8() + "\n"));
 

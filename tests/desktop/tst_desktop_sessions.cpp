@@ -10,7 +10,7 @@ namespace {
 
 } // namespace
 
-/// Starts of the program beside each other, in one folder.
+/// Several starts of the program, side by side in one folder.
 class tst_desktop_sessions final : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private:
         return std::make_unique<RunningProgram>(*m_desktop, arguments);
     }
 
-    /// Waits until the window lies over all others.
+    /// Waits until the window is above all others.
     [[nodiscard]] bool IsOnTop(const RunningProgram &program) const;
 
     std::unique_ptr<Desktop> m_desktop;
@@ -142,7 +142,7 @@ void tst_desktop_sessions::startsAtOneTimeLeaveOneRunning()
     QVERIFY((*last)->IsShown());
     QCOMPARE(m_desktop->windows.Windows().size(), 1);
     for (const Program &program : programs) {
-        program->Process().Terminate(); // of use for the last one only
+        program->Process().Terminate(); // only the last one still runs
         QCOMPARE(program->Process().ExitCode(), 0);
     }
 }
@@ -156,7 +156,7 @@ void tst_desktop_sessions::aKilledCopyDoesNotBlockTheNextStart()
 
     const Program next = Start();
 
-    // Not shown: it is no first run any more, and starts minimised.
+    // Not shown: this is no longer the first run, so it starts minimised.
     QVERIFY(next->IsMinimised());
     QVERIFY(next->Process().IsRunning());
 }

@@ -28,7 +28,7 @@ private:
     static void AddPanels();
     void Start(const QStringList &arguments = {});
 
-    /// Makes the run that starts now a second one, which begins minimised.
+    /// Makes the next start a second run, which begins minimised.
     void LetTheFirstRunBeOver() const;
     void Minimise() const;
 
@@ -134,7 +134,7 @@ void tst_desktop_tray::theSecondRunStartsHidden()
     Start();
 
     QTRY_VERIFY_WITH_TIMEOUT(panel->HasIcon(), kPatience);
-    // Not hidden for the only reason that it is not up yet.
+    // Not hidden merely because it is not up yet.
     QTRY_VERIFY_WITH_TIMEOUT(
         m_program->Trace().contains("WindowState = 1IsMinimizedToTray = True\n"), kPatience);
     QVERIFY(m_program->IsHidden());

@@ -49,10 +49,10 @@ bool WindowManager::IsAnnounced() const
     return m_screen.Ask(u"xprop"_s, {"-root", "_NET_SUPPORTING_WM_CHECK"}).contains("0x");
 }
 
-/// One that has announced itself may still leave the first window lying until something else
-/// happens. And the first key of a screen makes it take the keyboard anew, during which keys pass
-/// it by. So a key that does nothing goes first, and then a request, until it is carried out: what
-/// a test does comes behind both.
+/// A window manager that has announced itself may still leave the first window alone until
+/// something else happens. And the first key on a screen makes it grab the keyboard again, and keys
+/// pass it by meanwhile. So a key that does nothing goes first, and then a request, until it is
+/// carried out: what a test does comes after both.
 bool WindowManager::IsAwake() const
 {
     m_screen.Press(u"shift"_s);

@@ -38,7 +38,7 @@ public:
     /// The one that takes what is typed; empty when there is none.
     [[nodiscard]] QString ActiveWindow() const;
 
-    /// The one that lies over all others.
+    /// The one above all others.
     [[nodiscard]] QString TopWindow() const;
 
     /// Where the window's own area begins on the screen.
