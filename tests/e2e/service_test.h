@@ -14,7 +14,7 @@
 #include <csignal>
 #include <memory>
 
-/// How long a step of the running program may take. It is far more than it needs: a slow machine
+/// How long a step of the running program may take: far more than it needs, because a slow machine
 /// is no failure.
 inline constexpr int kPatience = 30'000;
 
@@ -148,7 +148,7 @@ protected:
         QCOMPARE(m_errors, expected);
     }
 
-    /// What lies in the folder, in alphabetical order.
+    /// The files in the folder, in alphabetical order.
     [[nodiscard]] QStringList Files() const
     {
         return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);

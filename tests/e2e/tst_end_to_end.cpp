@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long a step of the running program may take. It is far more than it needs: a slow machine
+/// How long a step of the running program may take: far more than it needs, because a slow machine
 /// is no failure.
 constexpr int kPatience = 30'000;
 
@@ -58,16 +58,16 @@ private Q_SLOTS:
 private:
     [[nodiscard]] QString Path(const QString &name) const { return m_folder->filePath(name); }
 
-    /// Lays one of the test profile files into the folder, with the service's address filled in.
+    /// Puts one of the test profile files into the folder, with the service's address filled in.
     void TakeProfiles(const QString &name, const QByteArray &host) const;
     void Start(const QStringList &arguments = {});
     [[nodiscard]] QProcessEnvironment Environment() const;
     void WaitForStart() const;
 
-    /// Ends the program as the system does; it must agree, and have nothing to complain of.
+    /// Ends the program as the system does; it must obey, and have nothing to complain of.
     void EndProgram();
 
-    /// What lies in the folder, in alphabetical order.
+    /// The files in the folder, in alphabetical order.
     [[nodiscard]] QStringList Files() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;

@@ -144,7 +144,7 @@ void tst_service::givesWayToTheHolder()
     QByteArray errors;
     const auto saysIt = [&] { return (errors += second->Errors()).contains('\n'); };
     QTRY_VERIFY_WITH_TIMEOUT(saysIt(), kPatience);
-    errors.truncate(errors.indexOf('\n') + 1); // the window system may have its own words
+    errors.truncate(errors.indexOf('\n') + 1); // the window system may add words of its own
     second->Terminate();                       // closes the window's message
 
     QCOMPARE(second->ExitCode(), 4);

@@ -30,8 +30,8 @@ void Write(const QString &path, const QByteArray &bytes)
 
 } // namespace
 
-/// The built program beside a server that it must not trust: nothing that stands around the program
-/// makes it ask that server for anything.
+/// The built program beside a server that it must not trust: nothing around the program makes it
+/// ask that server for anything.
 class tst_tls_stays_on final : public QObject
 {
     Q_OBJECT
@@ -149,7 +149,7 @@ void tst_tls_stays_on::whateverTheFilesSay()
     ExpectRefusal(Environment());
 }
 
-/// Names that nobody has thought of yet would have to change one of these two lines.
+/// A way that nobody has thought of yet would have to change one of these two lines.
 void tst_tls_stays_on::whereverTheSourcesLook()
 {
     QByteArrayList lines;

@@ -52,7 +52,7 @@ void Paint(QPainter &painter, const Card &card, QPoint place)
     painter.drawImage(top + QPoint(lightSmall.width() + light.width() + 2 * kGap, 0), dark);
 }
 
-/// Where each card stands, in rows of the sheet's width, and behind them the sheet's height.
+/// Where each card goes, in rows of the sheet's width, and then the sheet's height.
 std::pair<QList<QPoint>, int> Places(const QList<Card> &cards)
 {
     QList<QPoint> places;

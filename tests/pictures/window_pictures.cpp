@@ -17,7 +17,7 @@ namespace {
 constexpr int kTitleHeight = 24; // logical pixels
 constexpr int kFrame = 1;
 
-/// The window in a plain frame with its title, as no particular desktop draws it.
+/// The window in a plain frame with its title, like that of no particular desktop.
 QImage Framed(QWidget &window)
 {
     const QPixmap client = window.grab();

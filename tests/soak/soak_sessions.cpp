@@ -1,8 +1,8 @@
 // Three sessions in one folder and two in another, each a process of its own with the real window
-// and the real transfers, side by side: a request every second by a click on "Get Weather Now". All
-// the time their files are read; each has to be whole and its own session's.
+// and the real transfers, side by side: a request every second by a click on "Get Weather Now".
+// Their files are read all the time; each must be whole and its own session's.
 //
-//   soak_sessions [seconds]                     600 if nothing is given
+//   soak_sessions [seconds]                     600 by default
 //   soak_sessions --one FOLDER [COMMAND]        one of the five
 
 #include "net/curl_transfers.h"

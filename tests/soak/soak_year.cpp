@@ -1,6 +1,6 @@
-// A year of running, second by second, in a clock that is moved by hand: all timers, two clock
+// A year of operation, second by second, on a clock that is moved by hand: all timers, two clock
 // changes, a leap day, the ends of the months, and resets of the clock by hours. What the program
-// does is held against small models that know the rules in another form.
+// does is compared with small models that put the rules in another form.
 
 #include "support/fake_transfers.h"
 #include "support/fixed_clock.h"
@@ -101,7 +101,7 @@ private:
     bool m_inside = false;
 };
 
-/// The station, which nobody looks at, with its ticks in the hands of this test.
+/// The station without a view, with its ticks in the hands of this test.
 class Year
 {
 public:
@@ -126,7 +126,7 @@ public:
             const QDate date = Now().date();
             for (int second = 0; second < kSecondsPerDay; ++second)
                 Second();
-            // Days with a change of the clock, and those with a reset, have what they have.
+            // Days with a clock change, and those with a reset, may have another number.
             if (date.addDays(1) == Now().date() && !m_reset)
                 Check(m_passesToday == 4, "not four forecasts", Now());
             m_reset = false;
