@@ -31,7 +31,7 @@ WeatherProfile Profile()
 }
 
 /// A page of about `size` characters with the seventeen values at its front or at its end.
-QString Reply(qsizetype size, bool atEnd)
+QString ReplyText(qsizetype size, bool atEnd)
 {
     QString values;
     for (const QuantityRow &row : kQuantities)
@@ -79,7 +79,7 @@ void Count(benchmark::State &state, double own, double plain, double characters)
 /// the parse's time over the plain searches' time, measured alternately.
 void ParseWeatherDataBeside(benchmark::State &state)
 {
-    const QString reply = Reply(state.range(0), state.range(1) != 0);
+    const QString reply = ReplyText(state.range(0), state.range(1) != 0);
     const QDateTime now(QDate(2026, 11, 20), QTime(12, 0));
     WeatherProfile profile = Profile();
     const int rounds = Rounds(reply.size());
@@ -105,7 +105,7 @@ void ParseWeatherDataBeside(benchmark::State &state)
 /// one plain search and one copy.
 void GetNodeValueBeside(benchmark::State &state)
 {
-    QString data = WorkingText(Reply(state.range(0), state.range(1) != 0));
+    QString data = WorkingText(ReplyText(state.range(0), state.range(1) != 0));
     WeatherProfile profile = Profile();
     QuantityTags &tags = profile[Quantity::Location];
     const int rounds = Rounds(data.size());

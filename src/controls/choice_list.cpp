@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kListTextMargin = 2; // as the styles have it
 constexpr int kMinListWidth = 80;  // narrower is no use to anyone
-constexpr int kMaxWidth = 600; // of the opened list: it has to fit on a screen
+constexpr int kMaxWidth = 600;     // of the opened list: it has to fit on a screen
 
 } // namespace
 

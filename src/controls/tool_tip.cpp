@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kName = u"LiteralToolTip"_s;
-constexpr qsizetype kLongest = 1000;   // a tool tip must fit on the screen
+constexpr qsizetype kLongest = 1000;      // a tool tip must fit on the screen
 constexpr qsizetype kLongestTipLine = 60; // characters
 
 /// `line` in lines of readable length, wrapped at blanks if there are any. The toolkit itself would

@@ -6,10 +6,6 @@
 
 #include <memory>
 
-namespace {
-
-} // namespace
-
 /// Panels that come and go while the program runs.
 class tst_desktop_panels final : public QObject
 {

@@ -5,10 +5,6 @@
 
 #include <memory>
 
-namespace {
-
-} // namespace
-
 /// The list of profiles under a user's hands. Each profile has an address of its own, by which the
 /// service can tell which one has asked.
 class tst_desktop_profiles final : public QObject

@@ -6,10 +6,6 @@
 #include <array>
 #include <memory>
 
-namespace {
-
-} // namespace
-
 /// Several starts of the program, side by side in one folder.
 class tst_desktop_sessions final : public QObject
 {

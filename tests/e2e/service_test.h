@@ -1,11 +1,11 @@
 #pragma once
 
+#include "e2e/files.h"
 #include "support/child_program.h"
 #include "support/loopback_server.h"
 #include "support/one_place.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -14,25 +14,10 @@
 #include <csignal>
 #include <memory>
 
-/// How long a step of the running program may take: far more than it needs, because a slow machine
-/// is no failure.
-inline constexpr int kPatience = 30'000;
-
 inline const QByteArray kSettings = "; of the station\r\n[Profile0]\r\nlocation1=Salem\r\n"
                                     "[Settings]\r\nForecastZone=MDZ011\r\nForecastState=MD\r\n";
 inline const QByteArray kNoLocation = "[Settings]\r\nForecastZone=MDZ011\r\nForecastState=MD\r\n";
 inline const QByteArray kNoZone = "[Profile0]\r\nlocation1=Salem\r\n";
-
-inline QByteArray Bytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-}
-
-inline QByteArray Expected(const QString &name)
-{
-    return Bytes(QStringLiteral(TAVRIN_TEST_DATA "/e2e/") + name);
-}
 
 /// A weather service and a forecast service, on the loopback.
 class Host
@@ -98,12 +83,7 @@ protected:
 
     [[nodiscard]] QString Path(const QString &name) const { return m_folder->filePath(name); }
 
-    void Write(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(Path(name));
-        QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(name));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
+    void Write(const QString &name, const QByteArray &bytes) const { ::Write(Path(name), bytes); }
 
     [[nodiscard]] std::unique_ptr<ChildProgram> Start(const QString &program,
                                                       const QStringList &arguments = {}) const

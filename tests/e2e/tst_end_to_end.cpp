@@ -1,3 +1,4 @@
+#include "e2e/files.h"
 #include "support/child_program.h"
 #include "support/one_reply_service.h"
 
@@ -13,32 +14,6 @@
 #include <memory>
 
 using namespace std::chrono_literals;
-
-namespace {
-
-/// How long a step of the running program may take: far more than it needs, because a slow machine
-/// is no failure.
-constexpr int kPatience = 30'000;
-
-QByteArray Bytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-}
-
-QByteArray Expected(const QString &name)
-{
-    return Bytes(QStringLiteral(TAVRIN_TEST_DATA "/e2e/") + name);
-}
-
-void Write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-} // namespace
 
 /// The built program in a folder of its own, beside a service on the loopback.
 class tst_end_to_end final : public QObject

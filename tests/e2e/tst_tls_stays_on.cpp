@@ -1,3 +1,4 @@
+#include "e2e/files.h"
 #include "support/child_program.h"
 #include "support/loopback_server.h"
 #include "support/test_certificates.h"
@@ -10,25 +11,6 @@
 #include <QTest>
 
 #include <memory>
-
-namespace {
-
-constexpr int kPatience = 30'000; // milliseconds, far more than the program needs
-
-QByteArray Bytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void Write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-} // namespace
 
 /// The built program beside a server that it must not trust: nothing around the program makes it
 /// ask that server for anything.

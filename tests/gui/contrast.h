@@ -16,7 +16,7 @@ inline double Luminance(const QColor &color)
 }
 
 /// Contrast ratio of two colours, 1 to 21. Texts need 4.5, shapes 3.
-inline double Contrast(const QColor &one, const QColor &other)
+inline double ContrastRatio(const QColor &one, const QColor &other)
 {
     const double a = Luminance(one);
     const double b = Luminance(other);

@@ -58,7 +58,7 @@ inline double BestContrast(const QImage &image, const QRectF &area, const QColor
     const QRect pixels = area.toAlignedRect() & image.rect();
     for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
         for (int x = pixels.left(); x <= pixels.right(); ++x)
-            best = std::max(best, Contrast(image.pixelColor(x, y), ground));
+            best = std::max(best, ContrastRatio(image.pixelColor(x, y), ground));
     }
     return best;
 }

@@ -68,7 +68,7 @@ int PixelsInSight(const QIcon &icon, int size, const QColor &panel)
     int count = 0;
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x)
-            count += Contrast(image.pixelColor(x, y), panel) >= kShapes ? 1 : 0;
+            count += ContrastRatio(image.pixelColor(x, y), panel) >= kShapes ? 1 : 0;
     }
     return count;
 }

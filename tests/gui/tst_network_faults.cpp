@@ -115,7 +115,7 @@ std::string Listing()
     return rows;
 }
 
-std::string ZoneFile(const std::string &code, const std::string &sky)
+std::string OneZoneFile(const std::string &code, const std::string &sky)
 {
     return code + "-041500-\nMontr\xC3\xA9" + "al " + sky + "-\n400 AM EDT SAT JUL 4 2026\n";
 }
@@ -337,8 +337,8 @@ void tst_NetworkFaults::Offer(const QByteArray &sky) const
     m_host->Offer(FaultyPath(Kind::Weather), Observation(text));
     m_host->Offer(FaultyPath(Kind::Forecast), ZoneForecast(text));
     m_host->Offer(kListPath, Listing());
-    m_host->Offer(kListPath + "mdz001.txt", ZoneFile("MDZ001", "Calm"));
-    m_host->Offer(kListPath + "mdz002.txt", ZoneFile("MDZ002", text));
+    m_host->Offer(kListPath + "mdz001.txt", OneZoneFile("MDZ001", "Calm"));
+    m_host->Offer(kListPath + "mdz002.txt", OneZoneFile("MDZ002", text));
 }
 
 QByteArray tst_NetworkFaults::Output() const

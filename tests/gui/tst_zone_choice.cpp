@@ -62,8 +62,8 @@ void tst_ZoneChoice::opensOneFinder()
     m->window->cmdPage_Click(1);
     QTest::mouseClick(m->Find<QPushButton>("btnSelectNOAAZone"), Qt::LeftButton);
 
+    QVERIFY(Finder() != nullptr);
     auto *finder = Finder();
-    QVERIFY(finder != nullptr);
     QVERIFY(finder->isVisible());
     QVERIFY(!finder->isModal());
     QVERIFY(m->state.ZoneFinderOpen);

@@ -112,7 +112,7 @@ std::optional<QStringList> Members(const QString &names, Value value)
 }
 
 /// One quantity of an observation: its unit, and its value or null.
-QString Quantity(const QString &name, const QString &unit, const std::optional<QString> &value)
+QString Measurement(const QString &name, const QString &unit, const std::optional<QString> &value)
 {
     return u"        \"%1\": {\n"
            "            \"unitCode\": \"wmoUnit:%2\",\n"
@@ -131,19 +131,19 @@ QString ObservationWarmth(const Station &station, const DayWeather &weather)
         dewPoint = Number(weather.dewPointC, 1);
         humidity = QString::number(weather.humidity);
     }
-    return Quantity(u"temperature"_s, u"degC"_s, temperature)
-         + Quantity(u"dewpoint"_s, u"degC"_s, dewPoint)
-         + Quantity(u"windDirection"_s, u"degree_(angle)"_s, Direction(weather))
-         + Quantity(u"windSpeed"_s, u"km_h-1"_s, Number(weather.windKnots * kKmPerKnot, 3))
-         + Quantity(u"windGust"_s, u"km_h-1"_s, {})
-         + Quantity(u"barometricPressure"_s, u"Pa"_s, Number(weather.pressureHpa * 100, 0))
-         + Quantity(u"seaLevelPressure"_s, u"Pa"_s, {})
-         + Quantity(u"visibility"_s, u"m"_s,
-                    station.reportsSky
-                        ? std::optional(Number(station.visibilityMiles * kKmPerMile * 1000, 0))
-                        : std::nullopt)
-         + Quantity(u"relativeHumidity"_s, u"percent"_s, humidity)
-         + Quantity(u"windChill"_s, u"degC"_s, {}) + Quantity(u"heatIndex"_s, u"degC"_s, {});
+    return Measurement(u"temperature"_s, u"degC"_s, temperature)
+         + Measurement(u"dewpoint"_s, u"degC"_s, dewPoint)
+         + Measurement(u"windDirection"_s, u"degree_(angle)"_s, Direction(weather))
+         + Measurement(u"windSpeed"_s, u"km_h-1"_s, Number(weather.windKnots * kKmPerKnot, 3))
+         + Measurement(u"windGust"_s, u"km_h-1"_s, {})
+         + Measurement(u"barometricPressure"_s, u"Pa"_s, Number(weather.pressureHpa * 100, 0))
+         + Measurement(u"seaLevelPressure"_s, u"Pa"_s, {})
+         + Measurement(u"visibility"_s, u"m"_s,
+                       station.reportsSky
+                           ? std::optional(Number(station.visibilityMiles * kKmPerMile * 1000, 0))
+                           : std::nullopt)
+         + Measurement(u"relativeHumidity"_s, u"percent"_s, humidity)
+         + Measurement(u"windChill"_s, u"degC"_s, {}) + Measurement(u"heatIndex"_s, u"degC"_s, {});
 }
 
 QString Sentence(QStringView words)

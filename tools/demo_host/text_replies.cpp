@@ -2,7 +2,6 @@
 
 #include "demo_host/reply_texts.h"
 
-
 #include <cmath>
 #include <optional>
 

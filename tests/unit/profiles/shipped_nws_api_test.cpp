@@ -26,7 +26,7 @@ struct Observation
     QString humidity = "66.123";
 };
 
-QString Reply(const Observation &observation)
+QString ReplyText(const Observation &observation)
 {
     return "{\n    \"id\": \"https://api.weather.gov/stations/KXYZ/observations/"
            "2026-03-05T04:53:00+00:00\",\n    \"type\": \"Feature\",\n    \"properties\": {\n"
@@ -75,7 +75,7 @@ WeatherValues FullValues()
 
 TEST(ShippedNwsApi, GivesAllValues)
 {
-    const Outcome outcome = Parse(kProfile, Reply({}));
+    const Outcome outcome = Parse(kProfile, ReplyText({}));
 
     EXPECT_TRUE(outcome.parsed);
     EXPECT_EQ(outcome.values, Lines(FullValues()));
@@ -102,7 +102,7 @@ TEST(ShippedNwsApi, ShowsNullInAnyCombinationAsNotAvailable)
         if ((missing >> 5 & 1U) != 0)
             observation.windDirection = "null"; // variable wind: the speed alone is shown
 
-        const Outcome outcome = Parse(kProfile, Reply(observation));
+        const Outcome outcome = Parse(kProfile, ReplyText(observation));
 
         ASSERT_TRUE(outcome.parsed) << missing;
         ASSERT_EQ(outcome.values, Lines(expected)) << missing;
@@ -115,7 +115,7 @@ TEST(ShippedNwsApi, ShowsAnEmptyDescriptionAsNotAvailable)
     WeatherValues expected = FullValues();
     expected[Quantity::Conditions] = "N/A";
 
-    EXPECT_EQ(Parse(kProfile, Reply({.text = "\"\""})).values, Lines(expected));
+    EXPECT_EQ(Parse(kProfile, ReplyText({.text = "\"\""})).values, Lines(expected));
 }
 
 TEST(ShippedNwsApi, ShowsCalmWindAsZero)
@@ -123,7 +123,7 @@ TEST(ShippedNwsApi, ShowsCalmWindAsZero)
     WeatherValues expected = FullValues();
     expected[Quantity::WindSpeed] = "0 mph";
 
-    EXPECT_EQ(Parse(kProfile, Reply({.windDirection = "0", .windSpeed = "0"})).values,
+    EXPECT_EQ(Parse(kProfile, ReplyText({.windDirection = "0", .windSpeed = "0"})).values,
               Lines(expected));
 }
 
@@ -138,14 +138,14 @@ TEST(ShippedNwsApi, ReadsNegativeTemperaturesAndComputesTheWindChill)
     expected[Quantity::WindChill] = "-24.4 F";
 
     const Outcome outcome =
-        Parse(kProfile, Reply({.temperature = "-23", .windSpeed = "11.124", .humidity = "70"}));
+        Parse(kProfile, ReplyText({.temperature = "-23", .windSpeed = "11.124", .humidity = "70"}));
 
     EXPECT_EQ(outcome.values, Lines(expected));
 }
 
 TEST(ShippedNwsApi, ReadsFreezingPoint)
 {
-    const Outcome outcome = Parse(kProfile, Reply({.temperature = "0"}));
+    const Outcome outcome = Parse(kProfile, ReplyText({.temperature = "0"}));
 
     EXPECT_TRUE(outcome.parsed);
     EXPECT_EQ(outcome.temps, QList<double>{32});
@@ -153,7 +153,7 @@ TEST(ShippedNwsApi, ReadsFreezingPoint)
 
 TEST(ShippedNwsApi, RefusesANullTemperature)
 {
-    const Outcome outcome = Parse(kProfile, Reply({.temperature = "null"}));
+    const Outcome outcome = Parse(kProfile, ReplyText({.temperature = "null"}));
 
     EXPECT_FALSE(outcome.parsed);
     EXPECT_EQ(outcome.values, Lines({}));

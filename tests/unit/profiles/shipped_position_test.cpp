@@ -56,7 +56,7 @@ Members With(Members members, const QString &name, const QString &value)
     return members;
 }
 
-QString Reply(const Members &members)
+QString ReplyText(const Members &members)
 {
     QString current = R"({"time":"2026-07-02T10:30","interval":900)";
     QString currentUnits = R"({"time":"iso8601","interval":"seconds")";
@@ -159,8 +159,8 @@ TEST_P(ShippedPosition, ShowsWhatIsNotThereInAnyCombinationAsNotAvailable)
             LeaveOut(us, expectedUs, kOptional[i], null);
         }
 
-        const Outcome metricOutcome = Parse(kMetric, Reply(metric));
-        const Outcome usOutcome = Parse(kUsUnits, Reply(us));
+        const Outcome metricOutcome = Parse(kMetric, ReplyText(metric));
+        const Outcome usOutcome = Parse(kUsUnits, ReplyText(us));
 
         ASSERT_TRUE(metricOutcome.parsed && usOutcome.parsed) << missing;
         ASSERT_EQ(metricOutcome.values, Lines(expectedMetric)) << missing;
@@ -174,8 +174,8 @@ INSTANTIATE_TEST_SUITE_P(Missing, ShippedPosition, testing::Values("null", ""),
 
 TEST(ShippedPositionProfiles, GiveAllValues)
 {
-    const Outcome metric = Parse(kMetric, Reply(MetricMembers()));
-    const Outcome us = Parse(kUsUnits, Reply(UsMembers()));
+    const Outcome metric = Parse(kMetric, ReplyText(MetricMembers()));
+    const Outcome us = Parse(kUsUnits, ReplyText(UsMembers()));
 
     EXPECT_EQ(metric.values, Lines(MetricValues()));
     EXPECT_EQ(metric.temps, QList<double>{21.6});
@@ -195,7 +195,7 @@ TEST(ShippedPositionProfiles, ReadNegativeTemperaturesAndZero)
     // 20^0.16 = 1.61496; 13.12 - 3.1075 - 18.3621 - 3.2017 = -11.5513
     expected[Quantity::WindChill] = "-11.6 C";
 
-    EXPECT_EQ(Parse(kMetric, Reply(members)).values, Lines(expected));
+    EXPECT_EQ(Parse(kMetric, ReplyText(members)).values, Lines(expected));
 }
 
 TEST(ShippedPositionProfiles, RefuseAReplyWithoutATemperature)
@@ -203,7 +203,7 @@ TEST(ShippedPositionProfiles, RefuseAReplyWithoutATemperature)
     for (const QString value : {"null", ""}) {
         for (const std::size_t profile : {kMetric, kUsUnits}) {
             const Outcome outcome =
-                Parse(profile, Reply(With(MetricMembers(), "temperature_2m", value)));
+                Parse(profile, ReplyText(With(MetricMembers(), "temperature_2m", value)));
 
             EXPECT_FALSE(outcome.parsed);
             EXPECT_EQ(outcome.values, Lines({}));

@@ -15,7 +15,7 @@ namespace {
 const QString kList = "https://host/data/forecasts/zone/md/";
 
 /// Records what it is told, one line per call.
-class RecordedView final : public ZoneListView
+class RecordedListView final : public ZoneListView
 {
 public:
     void SetProgress(const QString &text) override { Add("progress " + text); }
@@ -114,7 +114,7 @@ protected:
 
     FakeTransfers http;
     FixedClock clock{QDateTime(QDate(2026, 11, 16), QTime(12, 0))};
-    RecordedView view;
+    RecordedListView view;
     std::unique_ptr<ZoneListRetrieval> retrieval =
         std::make_unique<ZoneListRetrieval>(http, clock, view);
 };
