@@ -52,7 +52,7 @@ ExitCode GiveWayToService(const LockHolder &holder)
                      &QApplication::closeAllWindows);
     const QString problem = HeldByText(holder);
     PrintProblem(problem);
-    ShowFatalProblem(problem, kPatience);
+    ShowFatalProblem(problem.first(1).toUpper() + problem.sliced(1) + u'.', kPatience);
     return ExitCode::Held;
 }
 
