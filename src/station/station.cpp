@@ -114,11 +114,12 @@ bool Station::SaveSettings()
 {
     if (m_owner == Owner::Service)
         return true;
-    if (!::SaveSettings(m_files.Settings(), m_settings))
-        return false;
-    m_recovery->Discard();
-    m_recovery->Keep(m_settings);
     m_recoveryIn = 0ms;
+    if (!::SaveSettings(m_files.Settings(), m_settings)) {
+        m_recovery->Keep(m_settings);
+        return false;
+    }
+    m_recovery->Discard(m_settings);
     return true;
 }
 
@@ -243,9 +244,12 @@ void Station::LocationsDone()
 {
     m_locationEdited.reset();
     StoreLocations();
-    if (!m_weather.HasAskedFor(m_profiles.currentWeatherProfile, m_locationTexts))
-        m_weather.SetSecondsToWeatherCheck(
-            std::min(m_weather.SecondsToWeatherCheck(), kSecondsToNewLocation));
+    if (m_weather.HasAskedFor(m_profiles.currentWeatherProfile, m_locationTexts))
+        return;
+    if (m_weather.HasAskedFor(m_profiles.currentWeatherProfile))
+        m_weather.GiveUp(); // its reply would be stored under the new place's name
+    m_weather.SetSecondsToWeatherCheck(
+        std::min(m_weather.SecondsToWeatherCheck(), kSecondsToNewLocation));
 }
 
 void Station::StoreLocations()

@@ -25,8 +25,9 @@ void SettingsRecovery::Keep(const Settings &settings)
         SaveSettings(m_path, settings);
 }
 
-void SettingsRecovery::Discard() const
+void SettingsRecovery::Discard(const Settings &stored)
 {
+    m_kept = stored;
     if (QFileInfo(m_path.path).isFile() && !QFile::remove(m_path.path))
         Trace(u"Unable to remove ", m_path.path);
 }

@@ -15,12 +15,12 @@ public:
     /// Takes over what an interrupted run has left, if anything.
     void Apply(Settings &settings);
 
-    /// Call it with the current settings at least once a second: stores them if they differ from
-    /// those of the previous call. The first call only notes them.
+    /// Stores the settings if they differ from those of the previous call; the first call only
+    /// notes them.
     void Keep(const Settings &settings);
 
-    /// Call it once the settings are stored in their own file: nothing is left to recover.
-    void Discard() const;
+    /// Call it once these settings are stored in their own file: nothing is left to recover.
+    void Discard(const Settings &stored);
 
 private:
     IniPath m_path;

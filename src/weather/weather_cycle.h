@@ -48,10 +48,16 @@ public:
     [[nodiscard]] qint16 SecondsToWeatherCheck() const { return m_seconds; }
     void SetSecondsToWeatherCheck(qint16 seconds) { m_seconds = seconds; }
 
+    /// Whether the last request was for this profile.
+    [[nodiscard]] bool HasAskedFor(qint16 profile) const
+    {
+        return m_asked && m_asked->profile == profile;
+    }
+
     /// Whether the last request was for this profile and these locations.
     [[nodiscard]] bool HasAskedFor(qint16 profile, const std::array<QString, 4> &location) const
     {
-        return m_asked && m_asked->profile == profile && m_asked->location == location;
+        return HasAskedFor(profile) && m_asked->location == location;
     }
 
 private:

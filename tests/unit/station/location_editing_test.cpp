@@ -93,6 +93,34 @@ TEST_F(LocationEditing, AsksSoonWhenOtherLocationsAreDone)
     EXPECT_EQ(LastUrl(), "http://weather.test/now?q=KDTO");
 }
 
+// Else the weather of one place would go on air under the name of another.
+TEST_F(LocationEditing, GivesUpWhatWasAskedOfOtherLocations)
+{
+    ASSERT_FALSE(Start());
+    PassSeconds(1);
+    const TransferHandle handle = station->WeatherThreadHandle();
+    ASSERT_NE(handle, 0);
+    Type("KDTO");
+
+    station->LocationsDone();
+
+    EXPECT_EQ(station->WeatherThreadHandle(), 0);
+    EXPECT_FALSE(http.open.contains(handle));
+    EXPECT_EQ(station->Weather().SecondsToWeatherCheck(), 5);
+}
+
+TEST_F(LocationEditing, WaitsForWhatWasAskedOfTheSameLocations)
+{
+    ASSERT_FALSE(Start());
+    PassSeconds(1);
+    const TransferHandle handle = station->WeatherThreadHandle();
+    ASSERT_NE(handle, 0);
+
+    station->LocationsDone();
+
+    EXPECT_EQ(station->WeatherThreadHandle(), handle);
+}
+
 TEST_F(LocationEditing, NeverPutsARequestOff)
 {
     StartWithSecondsLeft(4);

@@ -241,6 +241,32 @@ TEST_F(StationSettings, AreStoredAtTheEndAndWhenAsked)
     EXPECT_FALSE(QFile::exists(folder.Path("TavrinWeatherRecovery.ini")));
 }
 
+// What an orderly end has stored must not come back over what is edited in the file afterwards.
+TEST_F(StationSettings, LeaveNothingToRecoverWhenTheEndFollowsAChange)
+{
+    ASSERT_FALSE(Start());
+    ChangePort("81");
+    station->EditLocation(0, "Eugene", Editor::Person);
+
+    station->End(0ms); // before the recovery file was due
+
+    EXPECT_EQ(Value("TavrinWeatherSettings.ini", u"Settings", u"HTTPPort"), "81");
+    EXPECT_EQ(Value("TavrinWeatherSettings.ini", u"Profile0", u"location1"), "Eugene");
+    EXPECT_FALSE(QFile::exists(folder.Path("TavrinWeatherRecovery.ini")));
+}
+
+TEST_F(StationSettings, AreLeftToRecoverWhenTheirFileCannotBeWritten)
+{
+    ASSERT_FALSE(Start());
+    QFile::remove(folder.Path("TavrinWeatherSettings.ini"));
+    ASSERT_TRUE(QDir().mkdir(folder.Path("TavrinWeatherSettings.ini")));
+    station->EditLocation(0, "Eugene", Editor::Person);
+
+    station->End(0ms);
+
+    EXPECT_EQ(Value("TavrinWeatherRecovery.ini", u"Profile0", u"location1"), "Eugene");
+}
+
 TEST_F(StationSettings, OfAServiceAreNeverWritten)
 {
     QFile::remove(folder.Path("TavrinWeatherSettings.ini"));

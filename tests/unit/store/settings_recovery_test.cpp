@@ -81,9 +81,12 @@ TEST_F(RecoveryFile, IsGoneAfterASave)
     recovery.Keep(Example());
     ASSERT_TRUE(QFile::exists(Ini().path));
 
-    recovery.Discard();
+    recovery.Discard(Example());
     EXPECT_FALSE(QFile::exists(Ini().path));
-    recovery.Discard(); // nothing there
+    recovery.Discard(Example()); // nothing there
+
+    recovery.Keep(Example()); // no change since
+    EXPECT_FALSE(QFile::exists(Ini().path));
 }
 
 TEST_F(RecoveryFile, SaysWhenItIsUsed)
