@@ -7,6 +7,7 @@ namespace {
 constexpr char kData = 0;
 constexpr char kHeaders = 1;
 constexpr char kSettings = 4;
+constexpr char kAcknowledged = 1;
 constexpr char kEndStream = 1;
 constexpr char kEndHeaders = 4;
 constexpr char kFirstStream = 1;
@@ -18,20 +19,26 @@ std::string Frame(char type, char flags, char stream, const std::string &payload
     return length + type + flags + std::string(3, 0) + stream + payload;
 }
 
-/// Reads the client's frames up to its request; false if none comes.
+/// Reads the client's request and its consent to the settings sent to it, in either order; false if
+/// one does not come. Anything left unread would reset the connection when it is closed.
 bool ReadRequest(Connection &connection)
 {
     const auto byte = [](char c) { return static_cast<size_t>(static_cast<unsigned char>(c)); };
     if (connection.Read(6) != "SM\r\n\r\n") // what follows the head of the greeting
         return false;
-    for (;;) {
+    bool isAsked = false;
+    bool isAgreed = false;
+    while (!isAsked || !isAgreed) {
         const std::string head = connection.Read(kFrameHead);
         if (head.size() < kFrameHead)
             return false;
         const size_t size = byte(head[0]) * 65536 + byte(head[1]) * 256 + byte(head[2]);
-        if (connection.Read(size).size() < size || head[3] == kHeaders)
-            return head[3] == kHeaders;
+        if (connection.Read(size).size() < size)
+            return false;
+        isAsked = isAsked || head[3] == kHeaders;
+        isAgreed = isAgreed || (head[3] == kSettings && head[4] == kAcknowledged);
     }
+    return true;
 }
 
 /// What comes of an answer that consists of its head and these frames.
